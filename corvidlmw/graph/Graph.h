@@ -1,0 +1,448 @@
+/* XmGraph: a manager that shows a directed graph.
+ *
+ * The nodes are the graph's ordinary children, widgets or gadgets of any class; the arcs are
+ * objects of class XmArc (see Arc.h) that the graph keeps in a list of its own. The graph lays
+ * its nodes out as trees or as a butterfly around one node, draws the arcs, and keeps itself as
+ * large as its nodes need.
+ *
+ * All functions belong to the toolkit's thread. Lengths and coordinates are in pixels unless
+ * another unit is named.
+ */
+#ifndef CORVIDLMW_GRAPH_GRAPH_H
+#define CORVIDLMW_GRAPH_GRAPH_H
+
+#include <corvidlmw/toolkit/Export.h>
+
+#include <Xm/Xm.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Resource names, classes and representation types ------------------------------------ */
+
+#ifndef XmNautoLayoutMode
+#define XmNautoLayoutMode "autoLayoutMode"
+#endif
+#ifndef XmNreLayout
+#define XmNreLayout "reLayout"
+#endif
+#ifndef XmNreorient
+#define XmNreorient "reorient"
+#endif
+#ifndef XmNtwinsVisible
+#define XmNtwinsVisible "twinsVisible"
+#endif
+#ifndef XmNorientation
+#define XmNorientation "orientation"
+#endif
+#ifndef XmNlayoutStyle
+#define XmNlayoutStyle "layoutStyle"
+#endif
+#ifndef XmNarcDrawMode
+#define XmNarcDrawMode "arcDrawMode"
+#endif
+#ifndef XmNchildSpacing
+#define XmNchildSpacing "childSpacing"
+#endif
+#ifndef XmNsiblingSpacing
+#define XmNsiblingSpacing "siblingSpacing"
+#endif
+#ifndef XmNlayoutProc
+#define XmNlayoutProc "layoutProc"
+#endif
+#ifndef XmNlayoutKey
+#define XmNlayoutKey "layoutKey"
+#endif
+#ifndef XmNeditable
+#define XmNeditable "editable"
+#endif
+#ifndef XmNokToAdd
+#define XmNokToAdd "okToAdd"
+#endif
+#ifndef XmNmovableNodes
+#define XmNmovableNodes "movableNodes"
+#endif
+#ifndef XmNselectableArcs
+#define XmNselectableArcs "selectableArcs"
+#endif
+#ifndef XmNeditableArcs
+#define XmNeditableArcs "editableArcs"
+#endif
+#ifndef XmNallowMultipleSelections
+#define XmNallowMultipleSelections "allowMultipleSelections"
+#endif
+#ifndef XmNallowGrandchildInput
+#define XmNallowGrandchildInput "allowGrandchildInput"
+#endif
+#ifndef XmNinteractiveArcDirection
+#define XmNinteractiveArcDirection "interactiveArcDirection"
+#endif
+#ifndef XmNdefaultNodeClass
+#define XmNdefaultNodeClass "defaultNodeClass"
+#endif
+#ifndef XmNdoubleClickInterval
+#define XmNdoubleClickInterval "doubleClickInterval"
+#endif
+#ifndef XmNincrement
+#define XmNincrement "increment"
+#endif
+#ifndef XmNshowCrossingArcs
+#define XmNshowCrossingArcs "showCrossingArcs"
+#endif
+#ifndef XmNptrCursor
+#define XmNptrCursor "ptrCursor"
+#endif
+#ifndef XmNmotionCursor
+#define XmNmotionCursor "motionCursor"
+#endif
+#ifndef XmNindicateCursor
+#define XmNindicateCursor "indicateCursor"
+#endif
+#ifndef XmNindicateChildCursor
+#define XmNindicateChildCursor "indicateChildCursor"
+#endif
+#ifndef XmNindicateParentCursor
+#define XmNindicateParentCursor "indicateParentCursor"
+#endif
+#ifndef XmNhighlightColor
+#define XmNhighlightColor "highlightColor"
+#endif
+#ifndef XmNoverviewLineColor
+#define XmNoverviewLineColor "overviewLineColor"
+#endif
+#ifndef XmNoverviewNodeColor
+#define XmNoverviewNodeColor "overviewNodeColor"
+#endif
+#ifndef XmNoverviewViewportBottomShadowColor
+#define XmNoverviewViewportBottomShadowColor "overviewViewportBottomShadowColor"
+#endif
+#ifndef XmNoverviewViewportTopShadowColor
+#define XmNoverviewViewportTopShadowColor "overviewViewportTopShadowColor"
+#endif
+#ifndef XmNshowOverviewArcs
+#define XmNshowOverviewArcs "showOverviewArcs"
+#endif
+#ifndef XmNskewOverviewScale
+#define XmNskewOverviewScale "skewOverviewScale"
+#endif
+#ifndef XmNgraphTooBigCallback
+#define XmNgraphTooBigCallback "graphTooBigCallback"
+#endif
+#ifndef XmNgraphChangedCallback
+#define XmNgraphChangedCallback "graphChangedCallback"
+#endif
+#ifndef XmNuserButtonCallback
+#define XmNuserButtonCallback "userButtonCallback"
+#endif
+#ifndef XmNnewArcCallback
+#define XmNnewArcCallback "newArcCallback"
+#endif
+#ifndef XmNnewNodeCallback
+#define XmNnewNodeCallback "newNodeCallback"
+#endif
+#ifndef XmNnodeMovedCallback
+#define XmNnodeMovedCallback "nodeMovedCallback"
+#endif
+#ifndef XmNarcMovedCallback
+#define XmNarcMovedCallback "arcMovedCallback"
+#endif
+#ifndef XmNdefaultActionCallback
+#define XmNdefaultActionCallback "defaultActionCallback"
+#endif
+#ifndef XmNselectNodeCallback
+#define XmNselectNodeCallback "selectNodeCallback"
+#endif
+#ifndef XmNdeselectCallback
+#define XmNdeselectCallback "deselectCallback"
+#endif
+#ifndef XmNselectArcCallback
+#define XmNselectArcCallback "selectArcCallback"
+#endif
+#ifndef XmNselectSubgraphCallback
+#define XmNselectSubgraphCallback "selectSubgraphCallback"
+#endif
+#ifndef XmNmarkColor
+#define XmNmarkColor "markColor"
+#endif
+#ifndef XmCAutoLayoutMode
+#define XmCAutoLayoutMode "AutoLayoutMode"
+#endif
+#ifndef XmCReLayout
+#define XmCReLayout "ReLayout"
+#endif
+#ifndef XmCReorient
+#define XmCReorient "Reorient"
+#endif
+#ifndef XmCTwinsVisible
+#define XmCTwinsVisible "TwinsVisible"
+#endif
+#ifndef XmCOrientation
+#define XmCOrientation "Orientation"
+#endif
+#ifndef XmCLayoutStyle
+#define XmCLayoutStyle "LayoutStyle"
+#endif
+#ifndef XmCArcDrawMode
+#define XmCArcDrawMode "ArcDrawMode"
+#endif
+#ifndef XmCChildSpacing
+#define XmCChildSpacing "ChildSpacing"
+#endif
+#ifndef XmCSiblingSpacing
+#define XmCSiblingSpacing "SiblingSpacing"
+#endif
+#ifndef XmCLayoutProc
+#define XmCLayoutProc "LayoutProc"
+#endif
+#ifndef XmCLayoutKey
+#define XmCLayoutKey "LayoutKey"
+#endif
+#ifndef XmCEditable
+#define XmCEditable "Editable"
+#endif
+#ifndef XmCOkToAdd
+#define XmCOkToAdd "OkToAdd"
+#endif
+#ifndef XmCMovableNodes
+#define XmCMovableNodes "MovableNodes"
+#endif
+#ifndef XmCSelectableArcs
+#define XmCSelectableArcs "SelectableArcs"
+#endif
+#ifndef XmCEditableArcs
+#define XmCEditableArcs "EditableArcs"
+#endif
+#ifndef XmCAllowMultipleSelections
+#define XmCAllowMultipleSelections "AllowMultipleSelections"
+#endif
+#ifndef XmCAllowGrandchildInput
+#define XmCAllowGrandchildInput "AllowGrandchildInput"
+#endif
+#ifndef XmCInteractiveArcDirection
+#define XmCInteractiveArcDirection "InteractiveArcDirection"
+#endif
+#ifndef XmCDefaultNodeClass
+#define XmCDefaultNodeClass "DefaultNodeClass"
+#endif
+#ifndef XmCDoubleClickInterval
+#define XmCDoubleClickInterval "DoubleClickInterval"
+#endif
+#ifndef XmCIncrement
+#define XmCIncrement "Increment"
+#endif
+#ifndef XmCShowCrossingArcs
+#define XmCShowCrossingArcs "ShowCrossingArcs"
+#endif
+#ifndef XmCHighlightColor
+#define XmCHighlightColor "HighlightColor"
+#endif
+#ifndef XmCOverviewColor
+#define XmCOverviewColor "OverviewColor"
+#endif
+#ifndef XmCOverviewViewportColor
+#define XmCOverviewViewportColor "OverviewViewportColor"
+#endif
+#ifndef XmCShowOverviewArcs
+#define XmCShowOverviewArcs "ShowOverviewArcs"
+#endif
+#ifndef XmCSkewOverviewScale
+#define XmCSkewOverviewScale "SkewOverviewScale"
+#endif
+#ifndef XmCMarkColor
+#define XmCMarkColor "MarkColor"
+#endif
+#ifndef XmRArcDirection
+#define XmRArcDirection "ArcDirection"
+#endif
+#ifndef XmRAutoLayoutType
+#define XmRAutoLayoutType "AutoLayoutType"
+#endif
+#ifndef XmRLayoutStyle
+#define XmRLayoutStyle "LayoutStyle"
+#endif
+#ifndef XmRArcDrawMode
+#define XmRArcDrawMode "ArcDrawMode"
+#endif
+/* ---- Enumerations ------------------------------------------------------------------------- */
+
+/* XmNautoLayoutMode: which changes lay the graph out by themselves. */
+enum { XmNEVER = 0, XmALWAYS = 1, XmARCS_ONLY = 2, XmNODES_ONLY = 3, XmPARTIAL = 4 };
+
+/* XmNlayoutStyle */
+enum { XmGRAPH = 0, XmBUTTERFLY = 1 };
+
+/* XmNarcDrawMode: where arcs meet their nodes. Fixed: from the far side of the parent to the near
+ * side of the child. Relative: on the line between the two centres. Proportional: at XmNfromSide,
+ * XmNfromPosition, XmNtoSide and XmNtoPosition of each arc. */
+enum { XmPOSITION_FIXED = 0, XmPOSITION_RELATIVE = 1, XmPOSITION_PROPORTIONAL = 2 };
+
+/* XmNarcDirection and XmNinteractiveArcDirection: which ends carry an arrow head. */
+enum { XmBIDIRECTED = 0, XmDIRECTED = 1, XmUNDIRECTED = 2 };
+
+/* ---- Callbacks ------------------------------------------------------------------------------ */
+
+/* Reasons in XmGraphCallbackStruct. */
+enum {
+    XmCR_NEW_ARC = 41,
+    XmCR_NEW_NODE = 42,
+    XmCR_NODE_MOVED = 43,
+    XmCR_ARC_MOVED = 44,
+    XmCR_SELECT_NODE = 47,
+    XmCR_SELECT_ARC = 48,
+    XmCR_SELECT_SUBGRAPH = 49,
+    XmCR_NODE_DOUBLE_CLICK = 54,
+    XmCR_ARC_DOUBLE_CLICK = 55,
+    XmCR_DOUBLE_CLICK = 56,
+    XmCR_DESELECT_ARCS = 57,
+    XmCR_DESELECT_NODES = 58,
+    XmCR_DESELECT = 59,
+    XmCR_NODES_MOVED = 60,
+    XmCR_SELECT_NODES = 61,
+    XmCR_SELECT_ARCS = 62,
+    XmCR_SELECT_NODES_AND_ARCS = 63,
+    XmCR_LAYOUT_CHANGED = 64, /* a layout ran, or the set of managed children changed */
+    XmCR_GRAPH_SCROLLED = 65, /* a scroll bar of the enclosing scrolled window moved */
+    XmCR_SIZE_CHANGED = 66,   /* the graph or its clip window has another size; also the reason
+                                 of XmNgraphTooBigCallback */
+    XmCR_MARK_CHANGED = 67,   /* XmNmarkColor of the child in `widget` changed */
+    XmCR_BUTTON_OVER_GADGET = 69,
+    XmCR_BUTTON_OVER_GRAPH = 70,
+    XmCR_BUTTON_OVER_OTHER = 71
+};
+
+/* Call data of every callback list of XmGraph. What a reason does not speak of is zero. */
+typedef struct {
+    int reason;
+    XEvent *event;                /* of the gesture; NULL for calls of a function */
+    Boolean interactive;          /* True when a gesture caused the call */
+    WidgetList selected_widgets;  /* shared: valid until the next call that returns a list */
+    int num_selected_widgets;
+    WidgetList selected_arcs;     /* the graph's own array: not to be freed or kept */
+    int num_selected_arcs;
+    Widget widget;                /* the object that the reason speaks of */
+    Widget old_to, old_from;      /* of an arc that moved */
+    Widget new_to, new_from;      /* of an arc that moved or is new */
+    Boolean doit;                 /* set it False to refuse, where the reason can be refused */
+} XmGraphCallbackStruct;
+
+/* XmNlayoutProc: places the nodes of a graph that has at least one. */
+typedef void (*XmGraphLayoutProc)(Widget graph);
+
+/* ---- Class ----------------------------------------------------------------------------------- */
+
+typedef struct _XmGraphClassRec *XmGraphWidgetClass;
+typedef struct _XmGraphRec *XmGraphWidget;
+
+CORVIDLMW_EXPORT extern WidgetClass xmGraphWidgetClass;
+
+#define XmIsGraph(w) XtIsSubclass((w), xmGraphWidgetClass)
+
+/* ---- Creation --------------------------------------------------------------------------------- */
+
+/* Creates an unmanaged graph `name` below `parent`, a composite widget, with `argcount` resources
+ * from `args` (NULL if `argcount` is 0). Returns it; the parent owns it. */
+CORVIDLMW_EXPORT Widget XmCreateGraph(Widget parent, char *name, ArgList args, Cardinal argcount);
+
+/* The same, managed. */
+CORVIDLMW_EXPORT Widget XmCreateManagedGraph(Widget parent, char *name, ArgList args,
+                                             Cardinal argcount);
+
+/* Creates a managed, automatic scrolled window, named `name` followed by "SW", and in it an
+ * unmanaged graph `name`. Returns the graph, which the caller manages. Destroying the graph
+ * destroys the scrolled window too. */
+CORVIDLMW_EXPORT Widget XmCreateScrolledGraph(Widget parent, char *name, ArgList args,
+                                              Cardinal argcount);
+
+/* ---- Layout ------------------------------------------------------------------------------------- */
+
+/* Lays the graph out now, by XmNlayoutProc, and tells XmNgraphChangedCallback (reason
+ * XmCR_LAYOUT_CHANGED). A graph without nodes is left alone. Warns if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphLayout(Widget graph);
+
+/* Lays out what can be reached from `node` and leaves the other nodes where they are; `node` keeps
+ * its place. Does nothing for a NULL node or one that is no node of a graph. Warns if `graph` is
+ * no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphRelaySubgraph(Widget graph, Widget node);
+
+/* Names the node that XmBUTTERFLY is laid out around, NULL for none. It counts from the next
+ * layout on, and is forgotten when the node dies. Warns if `graph` is no XmGraph; a `node` that is
+ * no node of this graph is ignored. */
+CORVIDLMW_EXPORT void XmGraphSetButterflyRoot(Widget graph, Widget node);
+
+/* ---- Roots ---------------------------------------------------------------------------------------- */
+
+/* The roots of a layout are first those named here, in this order, then the nodes that no arc leads
+ * to. Changes count from the next layout on. */
+
+/* Names the `count` widgets of `nodes` as roots, each once. Widgets that are no nodes of this graph
+ * are passed over; a count below 1 does nothing. */
+CORVIDLMW_EXPORT void XmGraphInsertRoots(Widget graph, WidgetList nodes, int count);
+
+/* Takes the `count` widgets of `nodes` out of the roots named. A count below 1 does nothing. */
+CORVIDLMW_EXPORT void XmGraphRemoveRoots(Widget graph, WidgetList nodes, int count);
+
+/* Returns how many roots are named; 0 if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT int XmGraphNumRoots(Widget graph);
+
+/* Returns the roots named and stores their number in `*count`; NULL and 0 with none, or, with a
+ * warning, if `graph` is no XmGraph. The list belongs to the library and is overwritten by the next
+ * call that returns nodes of any graph. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetRoots(Widget graph, int *count);
+
+/* ---- Nodes and arcs ---------------------------------------------------------------------------- */
+
+/* Number of nodes, managed or not; 0 if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT int XmGraphNumNodes(Widget graph);
+
+/* The nodes in the order of the children, their number in `*count`; NULL and 0 with none, or, with
+ * a warning, if `graph` is no XmGraph. The list is the graph's own: do not free it, nor keep it
+ * across the creation or destruction of a node. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetNodes(Widget graph, int *count);
+
+/* Number of arcs; 0, with a warning, if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT int XmGraphNumArcs(Widget graph);
+
+/* The arcs in the order of their creation, their number in `*count`; NULL and 0 with none, or, with
+ * a warning, if `graph` is no XmGraph. The list is the graph's own: do not free it, nor keep it
+ * across the creation or destruction of an arc. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetArcs(Widget graph, int *count);
+
+/* Moves `node` to (x, y), its arcs with it; the graph's size does not follow. Returns True, or False
+ * for a NULL node, one that is no node of a graph, or, with a warning, a `graph` that is no XmGraph. */
+CORVIDLMW_EXPORT Boolean XmGraphMoveNode(Widget graph, Widget node, Position x, Position y);
+
+/* Attaches `arc` to other nodes. Returns True if it did, or if the arc has no ends to move; False if
+ * both ends are as asked already, if either is NULL or no node of this graph, or, with a warning, if
+ * `graph` is no XmGraph. With an automatic layout of arcs the subgraph below `from` is laid out. */
+CORVIDLMW_EXPORT Boolean XmGraphMoveArc(Widget graph, Widget arc, Widget from, Widget to);
+
+/* Destroys all arcs, or all nodes with their arcs. Warn if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphDestroyAllArcs(Widget graph);
+CORVIDLMW_EXPORT void XmGraphDestroyAllNodes(Widget graph);
+
+/* Returns the first arc within a few pixels of (x, y), in graph coordinates, or NULL; NULL with a
+ * warning if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT Widget XmGraphInputOverArc(Widget graph, int x, int y);
+
+/* ---- Size ------------------------------------------------------------------------------------------ */
+
+/* Moves all nodes, and the arcs with them, by (dx, dy) pixels. */
+CORVIDLMW_EXPORT void XmGraphMoveAll(Widget graph, int dx, int dy);
+
+/* From now on the graph does not follow its nodes: it only grows to its clip window. */
+CORVIDLMW_EXPORT void XmGraphDontAdjustSize(Widget graph);
+
+/* Takes that back, and fits the graph to its nodes at once. */
+CORVIDLMW_EXPORT void XmGraphAdjustSize(Widget graph);
+
+/* Show and hide a plain window over a graph in a scrolled window, to hide many moves. Calls nest.
+ * Without a scrolled window, or before realisation, they do nothing. */
+CORVIDLMW_EXPORT void XmGraphShowCoverWindow(Widget graph);
+CORVIDLMW_EXPORT void XmGraphHideCoverWindow(Widget graph);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
