@@ -1,0 +1,43 @@
+# What `cmake --install` puts under the prefix. Nothing of it holds the prefix itself, so that
+# `cmake --install --prefix` may choose another one than the configuration did.
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/corvidlmw)
+set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# Headers and libraries.
+get_property(public_headers GLOBAL PROPERTY corvidlmw_public_headers)
+foreach(header IN LISTS public_headers)
+    get_filename_component(room ${header} DIRECTORY)
+    install(FILES corvidlmw/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/corvidlmw/${room})
+endforeach()
+install(TARGETS corvidlmw corvidlmw_static EXPORT corvidlmw
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+# The CMake package.
+install(EXPORT corvidlmw
+    NAMESPACE corvidlmw::
+    FILE corvidlmwTargets.cmake
+    DESTINATION ${package_dir})
+configure_package_config_file(cmake/corvidlmwConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/corvidlmwConfig.cmake
+    INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/corvidlmwConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/corvidlmwConfig.cmake
+    ${PROJECT_BINARY_DIR}/corvidlmwConfigVersion.cmake
+    cmake/MotifTarget.cmake
+    DESTINATION ${package_dir})
+
+# The pkg-config file finds the prefix from where it lies itself.
+file(RELATIVE_PATH prefix_from_pkgconfig /prefix/${pkgconfig_dir} /prefix)
+configure_file(cmake/corvidlmw.pc.in ${PROJECT_BINARY_DIR}/corvidlmw.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/corvidlmw.pc DESTINATION ${pkgconfig_dir})
+
+# Manual pages and the sources of the example programs.
+file(GLOB manual_pages CONFIGURE_DEPENDS docs/man/*.3)
+install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/corvidlmw OPTIONAL)
