@@ -34,6 +34,7 @@ install(FILES
 
 # The pkg-config file finds the prefix from where it lies itself.
 file(RELATIVE_PATH prefix_from_pkgconfig /prefix/${pkgconfig_dir} /prefix)
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
 configure_file(cmake/corvidlmw.pc.in ${PROJECT_BINARY_DIR}/corvidlmw.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/corvidlmw.pc DESTINATION ${pkgconfig_dir})
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the client against an installed prefix and runs it on a server of its own.
-#   client.sh pkg-config|static|cmake PREFIX WORK_DIRECTORY
+#   client.sh pkg-config|pkg-config-static|cmake|cmake-static PREFIX WORK_DIRECTORY
 set -euo pipefail
 
 way=$1
@@ -20,7 +20,7 @@ build_with_pkg_config() {
 }
 
 build_with_cmake() {
-    cmake -S "$source" -B "$work" -G Ninja -DCMAKE_PREFIX_PATH="$prefix"
+    cmake -S "$source" -B "$work" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" -DLIBRARY="$1"
     cmake --build "$work"
 }
 
@@ -39,14 +39,15 @@ rm -rf "$work"
 mkdir -p "$work"
 case $way in
 pkg-config) build_with_pkg_config -lcorvidlmw ;;
-static) build_with_pkg_config -l:libcorvidlmw.a --static ;;
-cmake) build_with_cmake ;;
+pkg-config-static) build_with_pkg_config -l:libcorvidlmw.a --static ;;
+cmake) build_with_cmake corvidlmw ;;
+cmake-static) build_with_cmake corvidlmw_static ;;
 *) echo "client.sh: unknown way '$way'" >&2 && exit 2 ;;
 esac
 
 # The right library, and not one that happens to lie elsewhere on this machine.
 linked=$(LD_LIBRARY_PATH=$libraries ldd "$work/client" | grep libcorvidlmw || true)
-if [[ $way == static ]]; then
+if [[ $way == *-static ]]; then
     [[ -z $linked ]] || { echo "links the shared library: $linked" >&2 && exit 1; }
 else
     [[ $linked == *"$libraries/libcorvidlmw.so.1 "* ]] || { echo "links: $linked" >&2 && exit 1; }

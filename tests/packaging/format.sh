@@ -9,4 +9,4 @@ for room in corvidlmw examples tests bench; do
     [[ -d $room ]] && rooms+=("$room")
 done
 find "${rooms[@]}" -name '*.h' -o -name '*.c' -o -name '*.cpp' |
-    xargs --no-run-if-empty clang-format --dry-run -Werror
+    xargs --no-run-if-empty clang-format --dry-run -Werror --ferror-limit=1

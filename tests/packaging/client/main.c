@@ -24,9 +24,9 @@ static int StandsAt(Widget node, int x, int y) {
 
 int main(int argc, char **argv) {
     XtAppContext app;
-    Widget shell = XtVaOpenApplication(&app, "Client", NULL, 0, &argc, argv, NULL,
-                                       sessionShellWidgetClass, XmNwidth, 300, XmNheight, 200,
-                                       NULL);
+    Widget shell =
+        XtVaOpenApplication(&app, "Client", NULL, 0, &argc, argv, NULL, sessionShellWidgetClass,
+                            XmNwidth, 300, XmNheight, 200, NULL);
     Widget graph = XmCreateScrolledGraph(shell, "graph", NULL, 0);
     Widget parent = CreateNode(graph, "parent");
     Widget child = CreateNode(graph, "child");
