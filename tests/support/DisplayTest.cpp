@@ -1,0 +1,302 @@
+#include <tests/support/DisplayTest.h>
+
+#include <tests/support/Input.h>
+#include <tests/support/Interpose.h>
+#include <tests/support/Recorder.h>
+#include <tests/support/XServer.h>
+
+#include <X11/Shell.h>
+#include <X11/StringDefs.h>
+
+#include <algorithm>
+#include <clocale>
+#include <memory>
+
+namespace corvidlmw::test {
+
+namespace {
+
+void InitialiseToolkitOnce() {
+    [[maybe_unused]] static const bool done = [] {
+        XServer::Instance();
+        XtSetLanguageProc(nullptr, nullptr, nullptr);
+        XtToolkitInitialize();
+        return true;
+    }();
+}
+
+void Sync(Display *display) {
+    Unseen harness;
+    XSync(display, False);
+    interpose::IgnoreRequest(display);
+}
+
+bool HasComeUp(Widget widget) {
+    Display *robot = XServer::Instance().robot();
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(robot, XtWindow(widget), &attributes) &&
+           attributes.map_state == IsViewable;
+}
+
+// Xt tells when it is about to wait, which is when nothing is due any more.
+struct IdleWatch {
+    Display *display;
+    Window window;
+    bool idle = false;
+    XtBlockHookId hook;
+
+    IdleWatch(XtAppContext app, Widget shell)
+        : display(XtDisplay(shell)), window(XtWindow(shell)),
+          hook(XtAppAddBlockHook(app, NoteIdle, this)) {}
+    ~IdleWatch() { XtRemoveBlockHook(hook); }
+    IdleWatch(const IdleWatch &) = delete;
+    IdleWatch &operator=(const IdleWatch &) = delete;
+
+    // An event that means nothing to anybody keeps Xt from waiting.
+    static void NoteIdle(XtPointer closure) {
+        auto *watch = static_cast<IdleWatch *>(closure);
+        watch->idle = true;
+        XEvent event{};
+        event.xnoexpose.type = NoExpose;
+        event.xnoexpose.display = watch->display;
+        event.xnoexpose.drawable = watch->window;
+        XPutBackEvent(watch->display, &event);
+    }
+};
+
+struct Deadline {
+    bool passed = false;
+    XtIntervalId timer;
+
+    Deadline(XtAppContext app, std::chrono::milliseconds timeout)
+        : timer(XtAppAddTimeOut(app, static_cast<unsigned long>(timeout.count()), NotePassed,
+                                this)) {}
+    ~Deadline() {
+        if (!passed)
+            XtRemoveTimeOut(timer);
+    }
+    Deadline(const Deadline &) = delete;
+    Deadline &operator=(const Deadline &) = delete;
+
+    static void NotePassed(XtPointer closure, XtIntervalId *) {
+        static_cast<Deadline *>(closure)->passed = true;
+    }
+};
+
+}  // namespace
+
+// ---- Application -------------------------------------------------------------
+
+Application::Application(int width, int height) {
+    InitialiseToolkitOnce();
+    context = XtCreateApplicationContext();
+    InstallComplaintHandlers(context);
+    int argc = 0;
+    display = XtOpenDisplay(context, XServer::Instance().name().c_str(), "test", "Test", nullptr,
+                            0, &argc, nullptr);
+    if (!display)
+        XtAppError(context, "the private X server takes no connection");
+    shell = MakeShell(display, "test", width, height);
+}
+
+Application::~Application() {
+    XtDestroyWidget(shell);
+    Sync(display);
+    XtDestroyApplicationContext(context);
+}
+
+Widget MakeShell(Display *display, const char *shell_name, int width, int height) {
+    return XtVaAppCreateShell(shell_name, "Test", applicationShellWidgetClass, display,
+                              XtNoverrideRedirect, True, XtNwaitForWm, False, XtNx, 0, XtNy, 0,
+                              XtNwidth, width, XtNheight, height, XtNallowShellResize, True,
+                              nullptr);
+}
+
+// ---- Fixture -------------------------------------------------------------------
+
+void DisplayTest::SetUp() {
+    Complaints::Current() = {};
+    application_ = std::make_unique<Application>(width_, height_);
+    app = application_->context;
+    display = application_->display;
+    shell = application_->shell;
+}
+
+void DisplayTest::TearDown() {
+    input::Reset();
+    XtDestroyWidget(shell);
+    Pump();
+    application_.reset();
+    for (const auto &warning : Complaints::Current().warnings)
+        ADD_FAILURE() << "unexpected warning: " << warning;
+    for (const auto &error : Complaints::Current().x_errors)
+        ADD_FAILURE() << "unexpected X error: " << error.text << ", request "
+                      << error.request_code << "." << error.minor_code << ", resource 0x"
+                      << std::hex << error.resource;
+}
+
+void DisplayTest::SetResource(const char *line) {
+    XrmDatabase database = XtDatabase(display);
+    XrmPutLineResource(&database, line);
+}
+
+void DisplayTest::Show(Widget any_shell) {
+    XtRealizeWidget(any_shell);
+    EXPECT_TRUE(PumpUntil([&] {
+        Sync(display);
+        return HasComeUp(any_shell);
+    })) << "the shell was not mapped";
+    Display *robot = XServer::Instance().robot();
+    XSetInputFocus(robot, XtWindow(any_shell), RevertToPointerRoot, CurrentTime);
+    XSync(robot, False);
+    Pump();
+}
+
+// ---- Pumping -------------------------------------------------------------------
+
+// An answer to what the dispatched events made the client send may come with the second round trip
+// only: another client's (the robot's) work lies between.
+void DisplayTest::Pump() {
+    for (int quiet_trips = 0; quiet_trips < 2; ++quiet_trips) {
+        Sync(display);
+        while (XEventsQueued(display, QueuedAlready) > 0) {
+            XtAppProcessEvent(app, XtIMXEvent);
+            quiet_trips = -1;
+        }
+    }
+}
+
+bool DisplayTest::PumpUntil(const std::function<bool()> &predicate,
+                            std::chrono::milliseconds timeout) {
+    Deadline deadline(app, timeout);
+    Pump();
+    while (!predicate()) {
+        if (deadline.passed)
+            return false;
+        XtAppProcessEvent(app, XtIMAll);
+    }
+    return true;
+}
+
+void DisplayTest::RunWorkProcs() {
+    Pump();
+    for (IdleWatch watch(app, shell); !watch.idle;)
+        XtAppProcessEvent(app, XtIMAll);
+    Pump();
+}
+
+// ---- Input ---------------------------------------------------------------------
+
+void DisplayTest::AfterInput() {
+    if (held_ == 0)
+        Pump();
+}
+
+void DisplayTest::MoveTo(Widget widget, int x, int y) {
+    Sync(display);
+    const XPoint origin = OriginInWindow(widget);
+    input::MovePointer(WindowOf(widget), origin.x + x, origin.y + y);
+    AfterInput();
+}
+
+void DisplayTest::Press(unsigned int button) {
+    input::SetButton(button, true);
+    AfterInput();
+}
+
+void DisplayTest::Release(unsigned int button) {
+    input::SetButton(button, false);
+    AfterInput();
+}
+
+void DisplayTest::Click(Widget widget, int x, int y, unsigned int button,
+                        unsigned int modifiers) {
+    PressModifiers(modifiers);
+    MoveTo(widget, x, y);
+    Press(button);
+    Release(button);
+    ReleaseModifiers(modifiers);
+}
+
+// The way is computed in the window's coordinates once: a drag may move the widget itself.
+void DisplayTest::Drag(Widget widget, XPoint from, XPoint to, unsigned int button,
+                       unsigned int modifiers, int steps) {
+    Sync(display);
+    int root_x = 0;
+    int root_y = 0;
+    Window child = None;
+    Display *robot = XServer::Instance().robot();
+    const Window root = DefaultRootWindow(robot);
+    const XPoint origin = OriginInWindow(widget);
+    XTranslateCoordinates(robot, WindowOf(widget), root, origin.x, origin.y, &root_x, &root_y,
+                          &child);
+    PressModifiers(modifiers);
+    input::MovePointer(root, root_x + from.x, root_y + from.y);
+    AfterInput();
+    Press(button);
+    for (int step = 1; step <= steps; ++step) {
+        input::MovePointer(root, root_x + from.x + (to.x - from.x) * step / steps,
+                           root_y + from.y + (to.y - from.y) * step / steps);
+        AfterInput();
+    }
+    Release(button);
+    ReleaseModifiers(modifiers);
+}
+
+void DisplayTest::Key(KeySym keysym, unsigned int modifiers) {
+    input::TypeKey(keysym, modifiers);
+    AfterInput();
+}
+
+void DisplayTest::PressModifiers(unsigned int modifiers) {
+    input::SetModifiers(modifiers, true);
+    AfterInput();
+}
+
+void DisplayTest::ReleaseModifiers(unsigned int modifiers) {
+    input::SetModifiers(modifiers, false);
+    AfterInput();
+}
+
+// ---- Complaints ----------------------------------------------------------------
+
+void DisplayTest::ExpectWarning(std::string_view part) {
+    auto &warnings = Complaints::Current().warnings;
+    const auto found = std::find_if(warnings.begin(), warnings.end(), [&](const auto &warning) {
+        return warning.find(part) != std::string::npos;
+    });
+    if (found == warnings.end())
+        ADD_FAILURE() << "no warning with: " << part << "\nbut: "
+                      << ::testing::PrintToString(warnings);
+    else
+        warnings.erase(found);
+}
+
+void DisplayTest::ExpectXError(int error_code) {
+    Sync(display);
+    auto &errors = Complaints::Current().x_errors;
+    const auto found = std::find_if(errors.begin(), errors.end(), [&](const auto &error) {
+        return error.error_code == error_code;
+    });
+    if (found == errors.end())
+        ADD_FAILURE() << "no X error " << error_code;
+    else
+        errors.erase(found);
+}
+
+// ---- Objects and windows --------------------------------------------------------
+
+XPoint OriginInWindow(Widget object) {
+    if (XtIsWidget(object))
+        return {0, 0};
+    Position x = 0;
+    Position y = 0;
+    XtVaGetValues(object, XtNx, &x, XtNy, &y, nullptr);
+    return {x, y};
+}
+
+Window WindowOf(Widget object) {
+    return XtWindowOfObject(object);
+}
+
+}  // namespace corvidlmw::test

@@ -1,0 +1,143 @@
+#include <tests/support/Harness.h>
+
+#include <X11/Xlib-xcb.h>
+#include <X11/Xutil.h>
+#include <Xm/BulletinB.h>
+#include <Xm/DrawingA.h>
+#include <Xm/Label.h>
+
+namespace {
+
+using namespace corvidlmw::test;
+
+class RecorderTest : public DisplayTest {
+protected:
+    void SetUp() override {
+        DisplayTest::SetUp();
+        area = XtVaCreateManagedWidget("area", xmDrawingAreaWidgetClass, shell, nullptr);
+    }
+
+    Widget area = nullptr;
+};
+
+TEST_F(RecorderTest, ADrawingIsRecordedWithItsColourAndClip) {
+    Show();
+    const Window window = XtWindow(area);
+    GC gc = XCreateGC(display, window, 0, nullptr);
+    XRectangle box{10, 20, 30, 40};
+    Region region = XCreateRegion();
+    XUnionRectWithRegion(&box, region, region);
+    XPoint relative[]{{1, 2}, {3, 4}, {-1, 5}};
+
+    Recorder recorder;
+    XSetForeground(display, gc, 0x123456);
+    XSetRegion(display, gc, region);
+    XDrawLine(display, window, gc, 1, 2, -3, 4);
+    XSetClipMask(display, gc, None);
+    XDrawLines(display, window, gc, relative, 3, CoordModePrevious);
+    recorder.Stop();
+    XClearWindow(display, window);
+
+    const auto lines = recorder.Calls("XDrawLine", window);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].numbers, (std::vector<long>{1, 2, -3, 4}));
+    EXPECT_EQ(lines[0].foreground, 0x123456u);
+    EXPECT_EQ(lines[0].clip_box, box);
+    EXPECT_EQ(lines[0].gc, gc);
+    EXPECT_FALSE(lines[0].FromToolkit()) << lines[0];
+    const auto drawing = recorder.Drawing(window);
+    ASSERT_EQ(drawing.size(), 2u);
+    EXPECT_EQ(drawing[1].numbers, (std::vector<long>{1, 2, 4, 6, 3, 11}));
+    EXPECT_FALSE(drawing[1].clip_box);
+    XDestroyRegion(region);
+    XFreeGC(display, gc);
+}
+
+TEST_F(RecorderTest, TheToolkitsOwnCallsAreSeenTextIncluded) {
+    Recorder recorder;
+    Widget label = XtVaCreateManagedWidget("some words", xmLabelWidgetClass, area, nullptr);
+    Show();
+
+    const auto compound = recorder.Calls("XmStringDraw", XtWindow(label));
+    ASSERT_FALSE(compound.empty());
+    EXPECT_EQ(compound[0].text, "some words");
+    EXPECT_TRUE(compound[0].FromToolkit()) << compound[0];
+    const auto drawing = recorder.Drawing(XtWindow(label));
+    EXPECT_TRUE(std::any_of(drawing.begin(), drawing.end(), [](const Call &call) {
+        return call.function.find("Draw") != std::string::npos && call.text == "some words";
+    }));
+    EXPECT_TRUE(recorder.Calls("XSync").empty()) << "the harness's own calls are left out";
+}
+
+// ---- Traffic ----------------------------------------------------------------------
+
+TEST_F(RecorderTest, RequestsAndRoundTripsAreCountedWithoutTheHarnesss) {
+    Show();
+    RequestCounter counter(display);
+    Pump();
+    MoveTo(area, 5, 5);
+    Picture::Of(area);
+    EXPECT_EQ(counter.requests(), 0);
+    EXPECT_EQ(counter.round_trips(), 0);
+
+    XClearWindow(display, XtWindow(area));
+    XWindowAttributes attributes;
+    XGetWindowAttributes(display, XtWindow(area), &attributes);
+    // Attributes are two requests, asked for together: the server is waited for twice by Xlib.
+    EXPECT_EQ(counter.requests(), 3);
+    EXPECT_GE(counter.round_trips(), 1);
+
+    counter.Restart();
+    xcb_connection_t *connection = XGetXCBConnection(display);
+    const auto first = xcb_get_geometry(connection, static_cast<xcb_window_t>(XtWindow(area)));
+    const auto second = xcb_get_geometry(connection, static_cast<xcb_window_t>(XtWindow(shell)));
+    free(xcb_get_geometry_reply(connection, first, nullptr));
+    free(xcb_get_geometry_reply(connection, second, nullptr));
+    EXPECT_EQ(counter.requests(), 2);
+    EXPECT_EQ(counter.replies(), 2);
+    EXPECT_EQ(counter.round_trips(), 1);
+}
+
+TEST_F(RecorderTest, ABoardsRequestsGrowWithItsChildren) {
+    Show();
+    auto cost_of = [&](int children) {
+        RequestCounter counter(display);
+        Widget board = XtVaCreateWidget("board", xmBulletinBoardWidgetClass, area, nullptr);
+        for (int i = 0; i < children; ++i)
+            XtVaCreateManagedWidget("label", xmLabelWidgetClass, board, nullptr);
+        XtManageChild(board);
+        Pump();
+        return counter.requests();
+    };
+    cost_of(1);
+    const long small = cost_of(2);
+    EXPECT_GT(small, 0);
+    EXPECT_GT(cost_of(10), small);
+}
+
+TEST_F(RecorderTest, ServerResourcesShowWhatIsNotGivenBack) {
+    Show();
+    const auto before = ServerResources::Of(display);
+    EXPECT_GE(before.windows(), 2);
+
+    const Pixmap pixmap = XCreatePixmap(display, XtWindow(area), 4, 4, 24);
+    GC gc = XCreateGC(display, XtWindow(area), 0, nullptr);
+    const auto during = ServerResources::Of(display);
+    EXPECT_EQ(during.pixmaps(), before.pixmaps() + 1);
+    EXPECT_EQ(during.gcs(), before.gcs() + 1);
+    XFreeGC(display, gc);
+    XFreePixmap(display, pixmap);
+    EXPECT_EQ(ServerResources::Of(display), before);
+}
+
+TEST(Random, RepeatsItselfFromItsSeed) {
+    Random one(7);
+    Random other(one.seed());
+    for (int i = 0; i < 100; ++i) {
+        const int number = one.Between(-3, 9);
+        EXPECT_EQ(number, other.Between(-3, 9));
+        EXPECT_TRUE(number >= -3 && number <= 9);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+#include <tests/support/Traffic.h>
+
+#include <tests/support/Interpose.h>
+#include <tests/support/Recorder.h>
+#include <tests/support/XServer.h>
+
+#include <X11/extensions/XRes.h>
+
+namespace corvidlmw::test {
+
+namespace {
+
+// Requests that went through xcb enter Xlib's own count only with Xlib's next request.
+long RequestsSent(Display *display) {
+    Unseen harness;
+    XNoOp(display);
+    interpose::IgnoreRequest(display);
+    return static_cast<long>(XNextRequest(display)) -
+           interpose::CountsOf(display).ignored_requests;
+}
+
+}  // namespace
+
+RequestCounter::RequestCounter(Display *display) : display_(display) {
+    Restart();
+}
+
+void RequestCounter::Restart() {
+    requests_at_start_ = RequestsSent(display_);
+    round_trips_at_start_ = interpose::CountsOf(display_).round_trips;
+    replies_at_start_ = interpose::CountsOf(display_).replies;
+}
+
+long RequestCounter::requests() const {
+    return RequestsSent(display_) - requests_at_start_;
+}
+
+long RequestCounter::round_trips() const {
+    return interpose::CountsOf(display_).round_trips - round_trips_at_start_;
+}
+
+long RequestCounter::replies() const {
+    return interpose::CountsOf(display_).replies - replies_at_start_;
+}
+
+// A cursor of the client's own, made for the purpose, would count; an identifier that it has not
+// used yet names it just as well.
+ServerResources ServerResources::Of(Display *display) {
+    Unseen harness;
+    XSync(display, False);
+    interpose::IgnoreRequest(display);
+    Display *robot = XServer::Instance().robot();
+    int count = 0;
+    XResType *types = nullptr;
+    ServerResources resources;
+    if (!XResQueryClientResources(robot, XAllocID(display), &count, &types))
+        return resources;
+    for (int i = 0; i < count; ++i) {
+        char *type = XGetAtomName(robot, types[i].resource_type);
+        resources.counts[type] += static_cast<int>(types[i].count);
+        XFree(type);
+    }
+    XFree(types);
+    return resources;
+}
+
+int ServerResources::Count(const std::string &type) const {
+    const auto found = counts.find(type);
+    return found == counts.end() ? 0 : found->second;
+}
+
+std::ostream &operator<<(std::ostream &out, const ServerResources &resources) {
+    for (const auto &[type, count] : resources.counts)
+        out << type << ' ' << count << "  ";
+    return out;
+}
+
+}  // namespace corvidlmw::test
