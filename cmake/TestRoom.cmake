@@ -8,10 +8,14 @@
 
 include(GoogleTest)
 
-set(CORVIDLMW_TEST_ENVIRONMENT
-    "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_init_order=1"
-    "UBSAN_OPTIONS=print_stacktrace=1"
-    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0")
+# corvidlmw_set_sanitizer_options(<program>): see tests/SanitizerOptions.cpp.
+function(corvidlmw_set_sanitizer_options program)
+    if(CORVIDLMW_SANITIZE)
+        target_sources(${program} PRIVATE ${PROJECT_SOURCE_DIR}/tests/SanitizerOptions.cpp)
+        target_compile_definitions(${program} PRIVATE
+            LSAN_SUPPRESSIONS="${PROJECT_SOURCE_DIR}/tests/support/lsan.supp")
+    endif()
+endfunction()
 
 function(corvidlmw_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 test "DISPLAY;INTERNAL" "TIMEOUT" "")
@@ -20,20 +24,20 @@ function(corvidlmw_add_test name)
     endif()
 
     add_executable(${name} ${test_UNPARSED_ARGUMENTS})
+    corvidlmw_set_sanitizer_options(${name})
     if(test_INTERNAL)
         target_link_libraries(${name} PRIVATE corvidlmw_static)
     else()
         target_link_libraries(${name} PRIVATE corvidlmw)
     endif()
 
-    set(properties TIMEOUT ${test_TIMEOUT} ENVIRONMENT "${CORVIDLMW_TEST_ENVIRONMENT}")
     if(test_DISPLAY)
         target_link_libraries(${name} PRIVATE corvidlmw_test_support GTest::gtest_main)
         add_test(NAME ${name} COMMAND ${name})
-        set_tests_properties(${name} PROPERTIES ${properties})
+        set_tests_properties(${name} PROPERTIES TIMEOUT ${test_TIMEOUT})
     else()
         target_link_libraries(${name} PRIVATE GTest::gtest_main)
         # Asking the program for its tests only when they run keeps the build free of running it.
-        gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+        gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${test_TIMEOUT})
     endif()
 endfunction()
