@@ -48,8 +48,8 @@ int NoteXError(Display *display, XErrorEvent *event) {
 [[noreturn]] void RunFatalChild(const std::function<void(Widget)> &act, int message_pipe) {
     fatal_message_pipe = message_pipe;
     XServer::Instance().ReopenRobot();
-    Application application(640, 480);
-    act(application.shell);
+    const Client client;
+    act(MakeShell(client.display, "fatal", 640, 480));
     std::_Exit(EXIT_SUCCESS);
 }
 

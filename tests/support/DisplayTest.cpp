@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <clocale>
-#include <memory>
+#include <string>
 
 namespace corvidlmw::test {
 
@@ -41,13 +41,11 @@ bool HasComeUp(Widget widget) {
 // Xt tells when it is about to wait, which is when nothing is due any more.
 struct IdleWatch {
     Display *display;
-    Window window;
     bool idle = false;
     XtBlockHookId hook;
 
-    IdleWatch(XtAppContext app, Widget shell)
-        : display(XtDisplay(shell)), window(XtWindow(shell)),
-          hook(XtAppAddBlockHook(app, NoteIdle, this)) {}
+    IdleWatch(XtAppContext app, Display *any_display)
+        : display(any_display), hook(XtAppAddBlockHook(app, NoteIdle, this)) {}
     ~IdleWatch() { XtRemoveBlockHook(hook); }
     IdleWatch(const IdleWatch &) = delete;
     IdleWatch &operator=(const IdleWatch &) = delete;
@@ -59,7 +57,7 @@ struct IdleWatch {
         XEvent event{};
         event.xnoexpose.type = NoExpose;
         event.xnoexpose.display = watch->display;
-        event.xnoexpose.drawable = watch->window;
+        event.xnoexpose.drawable = DefaultRootWindow(watch->display);
         XPutBackEvent(watch->display, &event);
     }
 };
@@ -85,9 +83,9 @@ struct Deadline {
 
 }  // namespace
 
-// ---- Application -------------------------------------------------------------
+// ---- Client --------------------------------------------------------------------
 
-Application::Application(int width, int height) {
+Client::Client() {
     InitialiseToolkitOnce();
     context = XtCreateApplicationContext();
     InstallComplaintHandlers(context);
@@ -96,13 +94,11 @@ Application::Application(int width, int height) {
                             0, &argc, nullptr);
     if (!display)
         XtAppError(context, "the private X server takes no connection");
-    shell = MakeShell(display, "test", width, height);
 }
 
-Application::~Application() {
-    XtDestroyWidget(shell);
-    Sync(display);
-    XtDestroyApplicationContext(context);
+Client &Client::Shared() {
+    static auto *const client = new Client;
+    return *client;
 }
 
 Widget MakeShell(Display *display, const char *shell_name, int width, int height) {
@@ -114,19 +110,26 @@ Widget MakeShell(Display *display, const char *shell_name, int width, int height
 
 // ---- Fixture -------------------------------------------------------------------
 
+// Each shell has a name of its own, so that one test's resources do not reach the next.
 void DisplayTest::SetUp() {
+    static int shells_made = 0;
+    app = Client::Shared().context;
+    display = Client::Shared().display;
     Complaints::Current() = {};
-    application_ = std::make_unique<Application>(width_, height_);
-    app = application_->context;
-    display = application_->display;
-    shell = application_->shell;
+    shell = MakeShell(display, ("test" + std::to_string(++shells_made)).c_str(), width_, height_);
+    XtAddCallback(
+        shell, XtNdestroyCallback,
+        [](Widget, XtPointer field, XtPointer) { *static_cast<Widget *>(field) = nullptr; },
+        &shell);
 }
 
+// What outlives its widget (a work procedure, an event) is run here, so that it fails its own test.
 void DisplayTest::TearDown() {
     input::Reset();
-    XtDestroyWidget(shell);
     Pump();
-    application_.reset();
+    if (shell)
+        XtDestroyWidget(shell);
+    RunWorkProcs();
     for (const auto &warning : Complaints::Current().warnings)
         ADD_FAILURE() << "unexpected warning: " << warning;
     for (const auto &error : Complaints::Current().x_errors)
@@ -135,9 +138,9 @@ void DisplayTest::TearDown() {
                       << std::hex << error.resource;
 }
 
-void DisplayTest::SetResource(const char *line) {
+void DisplayTest::SetResource(const std::string &line) {
     XrmDatabase database = XtDatabase(display);
-    XrmPutLineResource(&database, line);
+    XrmPutLineResource(&database, (XtName(shell) + line).c_str());
 }
 
 void DisplayTest::Show(Widget any_shell) {
@@ -180,7 +183,7 @@ bool DisplayTest::PumpUntil(const std::function<bool()> &predicate,
 
 void DisplayTest::RunWorkProcs() {
     Pump();
-    for (IdleWatch watch(app, shell); !watch.idle;)
+    for (IdleWatch watch(app, display); !watch.idle;)
         XtAppProcessEvent(app, XtIMAll);
     Pump();
 }

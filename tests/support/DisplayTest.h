@@ -1,4 +1,4 @@
-/* The fixture of every display test: a fresh application context, connection and shell. */
+/* The fixture of every display test: a fresh shell, pumping, input, and what a test must not leave. */
 
 #ifndef CORVIDLMW_TESTS_SUPPORT_DISPLAYTEST_H
 #define CORVIDLMW_TESTS_SUPPORT_DISPLAYTEST_H
@@ -10,28 +10,29 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace corvidlmw::test {
 
-// An application with one shell at 0, 0 that overrides redirection (there is no window manager).
-// The fixture holds one; a test of several clients makes more.
-struct Application {
-    Application(int width, int height);
-    ~Application();
-    Application(const Application &) = delete;
-    Application &operator=(const Application &) = delete;
+// A connection to the private server with its application context. It is never closed: Motif's
+// caches keep GCs and pixmaps of a closed connection, and give them to the next one that comes to
+// lie at the same address.
+struct Client {
+    Client();
+    Client(const Client &) = delete;
+    Client &operator=(const Client &) = delete;
 
-    XtAppContext context = nullptr;
-    Display *display = nullptr;
-    Widget shell = nullptr;
+    // The one that all tests of a program share.
+    static Client &Shared();
+
+    XtAppContext context;
+    Display *display;
 };
 
-// A further shell of the same kind on a display.
-Widget MakeShell(Display *display, const char *name, int width, int height);
+// A shell at 0, 0 that overrides redirection: there is no window manager.
+Widget MakeShell(Display *display, const char *shell_name, int width, int height);
 
 class DisplayTest : public ::testing::Test {
 protected:
@@ -44,10 +45,12 @@ protected:
     Display *display = nullptr;
     Widget shell = nullptr;
 
-    // Sets a line of the resource database, such as "*background: white"; before widgets are made.
-    void SetResource(const char *line);
+    // Adds a line of the resource database, beginning with '*' or '.', for the widgets of this
+    // test's shell: "*background: white". To be called before they are made.
+    void SetResource(const std::string &line);
 
-    // Realises the shell, waits until it is mapped, gives it the keyboard and pumps.
+    // Realises the shell, waits until it is mapped, gives it the keyboard and pumps. TearDown
+    // destroys the shell that the fixture made; a test destroys further ones itself.
     void Show() { Show(shell); }
     void Show(Widget any_shell);
 
@@ -99,7 +102,6 @@ private:
     int width_;
     int height_;
     int held_ = 0;
-    std::unique_ptr<Application> application_;
 };
 
 // The toolkit's creation functions take `char *` and do not write to it.

@@ -4,6 +4,7 @@
 
 #include <X11/keysym.h>
 #include <Xm/BulletinB.h>
+#include <Xm/DrawingA.h>
 #include <Xm/PushB.h>
 #include <Xm/PushBG.h>
 #include <Xm/Text.h>
@@ -73,13 +74,13 @@ struct ButtonEvents {
 };
 
 TEST_F(HarnessTest, ModifiersAndDragsArriveAsPerformed) {
-    Widget button = MakeButton("target");
-    ButtonEvents events(button);
+    Widget area = XtVaCreateManagedWidget("area", xmDrawingAreaWidgetClass, shell, nullptr);
+    ButtonEvents events(area);
     Show();
 
-    Click(button, 5, 5, Button2, ShiftMask | ControlMask);
-    Click(button, 5, 5, Button2, Mod1Mask);
-    Drag(button, {10, 10}, {50, 10}, Button3, 0, 4);
+    Click(area, 5, 5, Button2, ShiftMask | ControlMask);
+    Click(area, 5, 5, Button2, Mod1Mask);
+    Drag(area, {10, 10}, {50, 10}, Button3, 0, 4);
 
     EXPECT_EQ(events.states, (std::vector<unsigned int>{ShiftMask | ControlMask, Mod1Mask, 0u}));
     EXPECT_EQ(events.motions_x, (std::vector<int>{20, 30, 40, 50}));
@@ -141,7 +142,7 @@ TEST_F(HarnessTest, WarningsAndXErrorsAreCaptured) {
     XtVaCreateManagedWidget("odd", xmPushButtonWidgetClass, shell, XmNlabelType, 77, nullptr);
     ExpectWarning("first");
     EXPECT_EQ(warnings().size(), 1u);
-    ExpectWarning("labelType");
+    ExpectWarning("LabelType");
     Show();
     XMapWindow(display, XtWindow(shell) + 0x1234);
     ExpectXError(BadWindow);

@@ -21,8 +21,6 @@ struct Connection {
     uint32_t covered = 0;
 };
 
-// A display that is closed may leave its address to the next one: the counts only ever grow, and
-// counters take differences.
 std::map<xcb_connection_t *, Connection> &Connections() {
     static std::map<xcb_connection_t *, Connection> connections;
     return connections;
@@ -85,6 +83,13 @@ uint64_t xcb_send_request_with_fds64(xcb_connection_t *c, int flags, iovec *vect
     const uint64_t sequence = next(c, flags, vector, request, count, descriptors);
     interpose::Connections()[c].last_sent_by_xcb = static_cast<uint32_t>(sequence);
     return sequence;
+}
+
+// The next connection may come to lie at the same address.
+void xcb_disconnect(xcb_connection_t *c) {
+    static auto *const next = interpose::Next(&xcb_disconnect, "xcb_disconnect");
+    interpose::Connections().erase(c);
+    next(c);
 }
 
 void *xcb_wait_for_reply(xcb_connection_t *c, unsigned int request, xcb_generic_error_t **error) {

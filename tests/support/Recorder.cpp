@@ -79,6 +79,8 @@ bool interpose::Wanted() {
 
 void interpose::Note(const char *function, const void *caller, Display *display,
                      Drawable drawable, GC gc, std::vector<long> numbers, std::string text) {
+    if (display == XServer::Instance().robot())
+        return;
     Call call{.function = function, .drawable = drawable, .gc = gc, .numbers = std::move(numbers),
               .text = std::move(text)};
     if (gc)
