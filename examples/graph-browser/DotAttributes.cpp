@@ -110,10 +110,10 @@ Direction DirectionOf(std::string_view dir, bool directed) {
     if (dir == "both")
         return Direction::Both;
     if (dir == "none")
-        return Direction::None;
+        return Direction::Neither;
     if (dir == "forward" || dir == "back")
         return Direction::Forward;
-    return directed ? Direction::Forward : Direction::None;
+    return directed ? Direction::Forward : Direction::Neither;
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace graph_browser {
 
 enum class Orientation { Vertical, Horizontal };
-enum class Direction { Both, Forward, None };
+enum class Direction { Both, Forward, Neither };
 enum class LineKind { Solid, Dashed, Dotted };
 
 struct Node {

@@ -46,7 +46,7 @@ TEST(DotReader, StrictGraphsHaveNoParallelEdgesAndUndirectedOnesNoHeads) {
     const Graph graph = Read("graph { a -- b; b -- c [dir=forward]; c -- c }");
     EXPECT_FALSE(graph.directed);
     ASSERT_EQ(graph.edges.size(), 3U);
-    EXPECT_EQ(graph.edges[0].direction, Direction::None);
+    EXPECT_EQ(graph.edges[0].direction, Direction::Neither);
     EXPECT_EQ(graph.edges[1].direction, Direction::Forward);
 }
 
@@ -58,7 +58,7 @@ TEST(DotReader, AnEdgeThatPointsBackIsTurnedRound) {
     EXPECT_EQ(graph.edges[0].direction, Direction::Forward);
     EXPECT_EQ(graph.edges[1].from, 0);
     EXPECT_EQ(graph.edges[1].direction, Direction::Both);
-    EXPECT_EQ(graph.edges[2].direction, Direction::None);
+    EXPECT_EQ(graph.edges[2].direction, Direction::Neither);
 }
 
 TEST(DotReader, EdgeAttributesBecomeLineColourWidthAndLabel) {

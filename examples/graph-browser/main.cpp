@@ -1,0 +1,139 @@
+// graph-browser FILE: shows a DOT file in a scrolled XmGraph.
+
+#include <clocale>
+#include <cstring>
+#include <iostream>
+#include <langinfo.h>
+#include <string_view>
+#include <variant>
+
+#include <Xm/Xm.h>
+
+#include "BrowserWindow.h"
+#include "DotReader.h"
+
+namespace {
+
+using namespace graph_browser;
+
+enum ExitStatus { ok = 0, bad_file = 1, bad_usage = 2 };
+
+// ---- Resources -------------------------------------------------------------
+
+struct Options {
+    char *selected;
+    Boolean arc_labels;
+};
+
+#define OPTION(name, type, size, member, default_type, default_value)                              \
+    {                                                                                              \
+        const_cast<char *>(name), const_cast<char *>(name), const_cast<char *>(type), size,        \
+            XtOffsetOf(Options, member), const_cast<char *>(default_type),                         \
+            reinterpret_cast<XtPointer>(default_value)                                             \
+    }
+
+XtResource option_resources[] = {
+    OPTION("selected", XmRString, sizeof(char *), selected, XmRImmediate, 0),
+    OPTION("arcLabels", XmRBoolean, sizeof(Boolean), arc_labels, XmRImmediate, True),
+};
+
+XrmOptionDescRec option_table[] = {
+    {const_cast<char *>("-orientation"), const_cast<char *>("*graph.orientation"), XrmoptionSepArg,
+     nullptr},
+    {const_cast<char *>("-arcs"), const_cast<char *>("*graph.arcDrawMode"), XrmoptionSepArg,
+     nullptr},
+    {const_cast<char *>("-layout"), const_cast<char *>("*graph.layoutStyle"), XrmoptionSepArg,
+     nullptr},
+    {const_cast<char *>("-select"), const_cast<char *>(".selected"), XrmoptionSepArg, nullptr},
+    {const_cast<char *>("-labels"), const_cast<char *>(".arcLabels"), XrmoptionSepArg, nullptr},
+};
+
+constexpr const char *usage =
+    "usage: graph-browser [OPTION...] FILE\n"
+    "Shows the DOT file FILE. Besides the toolkit's options (-display, -geometry, -xrm):\n"
+    "  -orientation horizontal|vertical\n"
+    "  -arcs position_fixed|position_relative|position_proportional\n"
+    "  -layout graph|butterfly   the whole graph, or the selected node with its neighbours\n"
+    "  -select NODE              the node to begin with\n"
+    "  -labels true|false        labels on arcs\n";
+
+char *fallback_resources[] = {
+    const_cast<char *>("*mainWindow.width: 1000"),
+    const_cast<char *>("*mainWindow.height: 700"),
+    const_cast<char *>("*background: #dcdad5"),
+    const_cast<char *>("*graph.background: #f6f5f2"),
+    const_cast<char *>("*ClipWindow.background: #f6f5f2"),
+    const_cast<char *>("*graph.foreground: black"),
+    const_cast<char *>("*graph*node.background: #e3e9f2"),
+    const_cast<char *>("*graph*node.highlightThickness: 1"),
+    const_cast<char *>("*graph*node.shadowThickness: 1"),
+    const_cast<char *>("*graph*node.marginWidth: 4"),
+    const_cast<char *>("*graph*node.marginHeight: 2"),
+    const_cast<char *>("*graph*arc.foreground: #404040"),
+    const_cast<char *>("*status.marginWidth: 6"),
+    const_cast<char *>("*buttonRenderTable: text"),
+    const_cast<char *>("*labelRenderTable: text"),
+    const_cast<char *>("*textRenderTable: text"),
+    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
+    const_cast<char *>("*text.fontName: DejaVu Sans"),
+    const_cast<char *>("*text.fontSize: 9"),
+    nullptr,
+};
+
+// ---- Locale ----------------------------------------------------------------
+
+// The browser's text is UTF-8, also where the environment says nothing of a locale.
+String SetLocale(Display *, String, XtPointer) {
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+    return std::setlocale(LC_CTYPE, nullptr);
+}
+
+int Run(int argc, char **argv, const std::string &file, Graph graph) {
+    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    XtAppContext app = nullptr;
+    const Widget shell = XtOpenApplication(&app, const_cast<char *>("GraphBrowser"), option_table,
+                                           XtNumber(option_table), &argc, argv, fallback_resources,
+                                           applicationShellWidgetClass, nullptr, 0);
+    if (argc != 2) {
+        std::cerr << "graph-browser: " << argv[1] << ": unknown option\n" << usage;
+        return bad_usage;
+    }
+    Options options{};
+    XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
+                              nullptr, 0);
+    BrowserWindow window{shell};
+    window.View().SetArcLabels(options.arc_labels != False);
+    window.Show(file, std::move(graph));
+    if (options.selected && !window.View().SelectByName(options.selected)) {
+        std::cerr << "graph-browser: " << file << ": no node " << options.selected << '\n';
+        return bad_usage;
+    }
+    XtRealizeWidget(shell);
+    XtAppMainLoop(app);
+    XtDestroyApplicationContext(app);
+    return ok;
+}
+
+} // namespace
+
+// The file is read before there is a display, so that what is wrong with it is said anywhere.
+int main(int argc, char **argv) {
+    const std::string_view last = argc > 1 ? argv[argc - 1] : "";
+    if (last == "-help" || last == "--help") {
+        std::cout << usage;
+        return ok;
+    }
+    if (last.empty() || last.starts_with('-')) {
+        std::cerr << usage;
+        return bad_usage;
+    }
+    const std::string file{last};
+    auto result = ReadDotFile(file);
+    if (const auto *error = std::get_if<ReadError>(&result)) {
+        std::cerr << "graph-browser: " << Describe(file, *error) << '\n';
+        return bad_file;
+    }
+    return Run(argc, argv, file, std::move(std::get<Graph>(result)));
+}
