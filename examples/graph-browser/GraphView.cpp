@@ -18,6 +18,7 @@ namespace {
 
 constexpr int dash_length = 6;
 constexpr int dot_length = 2;
+constexpr Dimension scroll_margin = 20;
 constexpr const char *selected_color = "gold";
 
 // ---- Resources -------------------------------------------------------------
@@ -167,8 +168,7 @@ void GraphView::Rebuild() {
     CreateNodes(contents.nodes);
     CreateArcs(contents.edges);
     LayOut(style);
-    if (!model.nodes.empty())
-        ScrollTo(selected.value_or(0));
+    ScrollToSelected();
     changed();
 }
 
@@ -308,10 +308,13 @@ void GraphView::GraphTooBig(Widget, XtPointer view, XtPointer) {
     static_cast<GraphView *>(view)->too_big = true;
 }
 
-void GraphView::ScrollTo(int node) {
+void GraphView::ScrollToSelected() {
+    if (model.nodes.empty() || !XtIsRealized(graph_widget))
+        return;
+    const Widget node = WidgetOf(selected.value_or(0));
     const Widget scrolled_window = XtParent(XtParent(graph_widget));
-    if (XtIsRealized(graph_widget) && WidgetOf(node) && XtIsManaged(WidgetOf(node)))
-        XmScrollVisible(scrolled_window, WidgetOf(node), 20, 20);
+    if (node && XtIsManaged(node))
+        XmScrollVisible(scrolled_window, node, scroll_margin, scroll_margin);
 }
 
 // ---- The view's resources --------------------------------------------------

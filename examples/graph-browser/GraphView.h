@@ -41,6 +41,8 @@ public:
     void Select(std::optional<int> node);
     // The first node of this name; false if there is none.
     bool SelectByName(const std::string &name);
+    // Brings the selected node into sight, or the first one; a realised view only.
+    void ScrollToSelected();
 
     Orientation GetOrientation() const;
     void SetOrientation(Orientation orientation);
@@ -71,7 +73,6 @@ private:
     void MarkSelected();
     void UnmarkSelected();
     void SetSides();
-    void ScrollTo(int node);
     Widget &WidgetOf(int node) { return widgets[static_cast<std::size_t>(node)]; }
 
     std::function<void()> changed;

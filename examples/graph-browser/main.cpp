@@ -111,6 +111,7 @@ int Run(int argc, char **argv, const std::string &file, Graph graph) {
         return bad_usage;
     }
     XtRealizeWidget(shell);
+    window.View().ScrollToSelected();
     XtAppMainLoop(app);
     XtDestroyApplicationContext(app);
     return ok;
