@@ -25,7 +25,7 @@ public:
     struct Entry {
         Widget widget;
         std::string list;
-        int reason;  // 0 if there was no call data
+        int reason; // 0 if there was no call data
         Data data;
     };
     using Copier = std::function<Data(XtPointer call_data)>;
@@ -102,6 +102,6 @@ private:
     std::vector<Entry> entries_;
 };
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

@@ -61,7 +61,7 @@ std::string ReadAll(int descriptor) {
     return all;
 }
 
-}  // namespace
+} // namespace
 
 Complaints &Complaints::Current() {
     static Complaints complaints;
@@ -95,4 +95,4 @@ void ExpectFatal(const std::function<void(Widget shell)> &act, std::string_view 
         << "the fatal error was: " << message << "\nexpected in it: " << part;
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

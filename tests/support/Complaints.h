@@ -37,6 +37,6 @@ void InstallComplaintHandlers(XtAppContext app);
 // there: their connection stays with the parent.
 void ExpectFatal(const std::function<void(Widget shell)> &act, std::string_view part);
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

@@ -2,7 +2,6 @@
 
 #include <tests/support/Input.h>
 #include <tests/support/Interpose.h>
-#include <tests/support/Recorder.h>
 #include <tests/support/XServer.h>
 
 #include <X11/Shell.h>
@@ -23,12 +22,6 @@ void InitialiseToolkitOnce() {
         XtToolkitInitialize();
         return true;
     }();
-}
-
-void Sync(Display *display) {
-    Unseen harness;
-    XSync(display, False);
-    interpose::IgnoreRequest(display);
 }
 
 bool HasComeUp(Widget widget) {
@@ -81,7 +74,7 @@ struct Deadline {
     }
 };
 
-}  // namespace
+} // namespace
 
 // ---- Client --------------------------------------------------------------------
 
@@ -90,8 +83,8 @@ Client::Client() {
     context = XtCreateApplicationContext();
     InstallComplaintHandlers(context);
     int argc = 0;
-    display = XtOpenDisplay(context, XServer::Instance().name().c_str(), "test", "Test", nullptr,
-                            0, &argc, nullptr);
+    display = XtOpenDisplay(context, XServer::Instance().name().c_str(), "test", "Test", nullptr, 0,
+                            &argc, nullptr);
     if (!display)
         XtAppError(context, "the private X server takes no connection");
 }
@@ -133,9 +126,8 @@ void DisplayTest::TearDown() {
     for (const auto &warning : Complaints::Current().warnings)
         ADD_FAILURE() << "unexpected warning: " << warning;
     for (const auto &error : Complaints::Current().x_errors)
-        ADD_FAILURE() << "unexpected X error: " << error.text << ", request "
-                      << error.request_code << "." << error.minor_code << ", resource 0x"
-                      << std::hex << error.resource;
+        ADD_FAILURE() << "unexpected X error: " << error.text << ", request " << error.request_code
+                      << "." << error.minor_code << ", resource 0x" << std::hex << error.resource;
 }
 
 void DisplayTest::SetResource(const std::string &line) {
@@ -146,7 +138,7 @@ void DisplayTest::SetResource(const std::string &line) {
 void DisplayTest::Show(Widget any_shell) {
     XtRealizeWidget(any_shell);
     EXPECT_TRUE(PumpUntil([&] {
-        Sync(display);
+        interpose::SyncUnseen(display);
         return HasComeUp(any_shell);
     })) << "the shell was not mapped";
     Display *robot = XServer::Instance().robot();
@@ -161,7 +153,7 @@ void DisplayTest::Show(Widget any_shell) {
 // only: another client's (the robot's) work lies between.
 void DisplayTest::Pump() {
     for (int quiet_trips = 0; quiet_trips < 2; ++quiet_trips) {
-        Sync(display);
+        interpose::SyncUnseen(display);
         while (XEventsQueued(display, QueuedAlready) > 0) {
             XtAppProcessEvent(app, XtIMXEvent);
             quiet_trips = -1;
@@ -196,7 +188,7 @@ void DisplayTest::AfterInput() {
 }
 
 void DisplayTest::MoveTo(Widget widget, int x, int y) {
-    Sync(display);
+    interpose::SyncUnseen(display);
     const XPoint origin = OriginInWindow(widget);
     input::MovePointer(WindowOf(widget), origin.x + x, origin.y + y);
     AfterInput();
@@ -212,8 +204,7 @@ void DisplayTest::Release(unsigned int button) {
     AfterInput();
 }
 
-void DisplayTest::Click(Widget widget, int x, int y, unsigned int button,
-                        unsigned int modifiers) {
+void DisplayTest::Click(Widget widget, int x, int y, unsigned int button, unsigned int modifiers) {
     PressModifiers(modifiers);
     MoveTo(widget, x, y);
     Press(button);
@@ -224,7 +215,7 @@ void DisplayTest::Click(Widget widget, int x, int y, unsigned int button,
 // The way is computed in the window's coordinates once: a drag may move the widget itself.
 void DisplayTest::Drag(Widget widget, XPoint from, XPoint to, unsigned int button,
                        unsigned int modifiers, int steps) {
-    Sync(display);
+    interpose::SyncUnseen(display);
     int root_x = 0;
     int root_y = 0;
     Window child = None;
@@ -269,14 +260,14 @@ void DisplayTest::ExpectWarning(std::string_view part) {
         return warning.find(part) != std::string::npos;
     });
     if (found == warnings.end())
-        ADD_FAILURE() << "no warning with: " << part << "\nbut: "
-                      << ::testing::PrintToString(warnings);
+        ADD_FAILURE() << "no warning with: " << part
+                      << "\nbut: " << ::testing::PrintToString(warnings);
     else
         warnings.erase(found);
 }
 
 void DisplayTest::ExpectXError(int error_code) {
-    Sync(display);
+    interpose::SyncUnseen(display);
     auto &errors = Complaints::Current().x_errors;
     const auto found = std::find_if(errors.begin(), errors.end(), [&](const auto &error) {
         return error.error_code == error_code;
@@ -302,4 +293,4 @@ Window WindowOf(Widget object) {
     return XtWindowOfObject(object);
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

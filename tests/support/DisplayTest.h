@@ -105,13 +105,15 @@ private:
 };
 
 // The toolkit's creation functions take `char *` and do not write to it.
-inline char *Name(const char *text) { return const_cast<char *>(text); }
+inline char *Name(const char *text) {
+    return const_cast<char *>(text);
+}
 
 // Where an object's own origin is in the window that it draws on: 0, 0 for a widget, its place in
 // the parent for a gadget.
 XPoint OriginInWindow(Widget object);
 Window WindowOf(Widget object);
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

@@ -129,8 +129,8 @@ TEST_F(HarnessTest, WorkProceduresRunOnlyWhenAsked) {
 TEST_F(HarnessTest, PumpUntilRunsTimersAndEndsInTime) {
     bool rang = false;
     XtAppAddTimeOut(
-        app, 5,
-        [](XtPointer closure, XtIntervalId *) { *static_cast<bool *>(closure) = true; }, &rang);
+        app, 5, [](XtPointer closure, XtIntervalId *) { *static_cast<bool *>(closure) = true; },
+        &rang);
     EXPECT_TRUE(PumpUntil([&] { return rang; }));
     EXPECT_FALSE(PumpUntil([] { return false; }, std::chrono::milliseconds(5)));
 }
@@ -212,4 +212,4 @@ TEST_F(HarnessTest, ALogAndItsWidgetMayDieInEitherOrder) {
     Click(second, 5, 5);
 }
 
-}  // namespace
+} // namespace

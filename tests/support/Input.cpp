@@ -76,7 +76,7 @@ KeyPlace PlaceOf(KeySym keysym) {
     return {code, XkbKeycodeToKeysym(Robot(), code, 0, 0) != keysym};
 }
 
-}  // namespace
+} // namespace
 
 void MovePointer(Window window, int x, int y) {
     int root_x = 0;
@@ -123,4 +123,4 @@ void Reset() {
     XSync(Robot(), False);
 }
 
-}  // namespace corvidlmw::test::input
+} // namespace corvidlmw::test::input

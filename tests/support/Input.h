@@ -16,6 +16,6 @@ void TypeKey(KeySym keysym, unsigned int modifiers);
 // Lets go of everything pressed and parks the pointer in the far corner of the screen.
 void Reset();
 
-}  // namespace corvidlmw::test::input
+} // namespace corvidlmw::test::input
 
 #endif

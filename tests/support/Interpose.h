@@ -17,13 +17,15 @@ namespace corvidlmw::test::interpose {
 // Whether anybody records at all.
 bool Wanted();
 void Note(const char *function, const void *caller, Display *display, Drawable drawable, GC gc,
-          std::vector<long> numbers, std::string text = {});
+          std::vector<long> numbers, std::string text = {}, unsigned long foreground = 0);
 
 // Follows the clip of a GC: its box, or nothing where it does not clip.
 void SetClip(GC gc, std::optional<XRectangle> box);
 
-// Takes one request of the harness's out of the connection's count.
-void IgnoreRequest(Display *display);
+// One request of the harness's own on a client's connection, kept out of all records and counts.
+void SendUnseen(Display *display, int (*request)(Display *));
+// XSync, unseen.
+void SyncUnseen(Display *display);
 
 struct Counts {
     long ignored_requests = 0;
@@ -37,7 +39,7 @@ Function *Next(Function *, const char *name) {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
-// Both are overloads of one name, so that a table row need not tell points from rectangles.
+// Overloads of one name, so that a table row need not tell points from rectangles.
 inline void Append(std::vector<long> &numbers, const XPoint &p) {
     numbers.insert(numbers.end(), {p.x, p.y});
 }
@@ -62,7 +64,7 @@ std::vector<long> Flat(const Item *items, int count) {
 // Points told relative to one another come out absolute.
 std::vector<long> FlatPoints(const XPoint *points, int count, int mode);
 
-}  // namespace corvidlmw::test::interpose
+} // namespace corvidlmw::test::interpose
 
 // One row defines one function: its result, name, parameters and arguments, and what is noted of a
 // call: display, drawable, GC, numbers, text.

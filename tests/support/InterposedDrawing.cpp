@@ -31,14 +31,6 @@ std::optional<XRectangle> BoxOf(int x, int y, const XRectangle *rectangles, int 
     return box;
 }
 
-// The clip is followed also while nobody records, and noted before it changes.
-template <class Call>
-int ChangeClip(GC gc, std::optional<XRectangle> box, Call call) {
-    const int result = call();
-    SetClip(gc, box);
-    return result;
-}
-
 Numbers BoxNumbers(Region region) {
     const auto box = *BoxOf(region);
     return {box.x, box.y, box.width, box.height};
@@ -91,20 +83,22 @@ CORVIDLMW_INTERPOSE(int, XSetSubwindowMode, (Display *d, GC gc, int mode), (d, g
 
 // ---- What also moves a GC's clip --------------------------------------------------------
 
-// A function that is noted under its own name but done by another expression than a mere call.
-#define CORVIDLMW_INTERPOSE_CLIP(function, parameters, arguments, gc, box, ...)                   \
+// The clip is followed also while nobody records.
+#define CORVIDLMW_INTERPOSE_CLIP(function, parameters, arguments, follow, ...)                     \
     int function parameters {                                                                      \
         namespace interpose = corvidlmw::test::interpose;                                          \
         static auto *const next = interpose::Next(&function, #function);                           \
         if (interpose::Wanted())                                                                   \
             interpose::Note(#function, __builtin_return_address(0), __VA_ARGS__);                  \
-        return ChangeClip(gc, box, [&] { return next arguments; });                                \
+        follow;                                                                                    \
+        return next arguments;                                                                     \
     }
 
-CORVIDLMW_INTERPOSE_CLIP(XSetRegion, (Display *d, GC gc, Region region), (d, gc, region), gc, BoxOf(region), d, None, gc, BoxNumbers(region))
-CORVIDLMW_INTERPOSE_CLIP(XSetClipMask, (Display *d, GC gc, Pixmap mask), (d, gc, mask), gc, std::nullopt, d, None, gc, {static_cast<long>(mask)})
-CORVIDLMW_INTERPOSE_CLIP(XSetClipRectangles, (Display *d, GC gc, int x, int y, XRectangle *r, int n, int order), (d, gc, x, y, r, n, order), gc, BoxOf(x, y, r, n), d, None, gc, Flat(r, n))
-CORVIDLMW_INTERPOSE_CLIP(XFreeGC, (Display *d, GC gc), (d, gc), gc, std::nullopt, d, None, nullptr, {})
+CORVIDLMW_INTERPOSE_CLIP(XSetRegion, (Display *d, GC gc, Region region), (d, gc, region), SetClip(gc, BoxOf(region)), d, None, gc, BoxNumbers(region))
+CORVIDLMW_INTERPOSE_CLIP(XSetClipMask, (Display *d, GC gc, Pixmap mask), (d, gc, mask), SetClip(gc, std::nullopt), d, None, gc, {static_cast<long>(mask)})
+CORVIDLMW_INTERPOSE_CLIP(XSetClipRectangles, (Display *d, GC gc, int x, int y, XRectangle *r, int n, int order), (d, gc, x, y, r, n, order), SetClip(gc, BoxOf(x, y, r, n)), d, None, gc, Flat(r, n))
+CORVIDLMW_INTERPOSE_CLIP(XFreeGC, (Display *d, GC gc), (d, gc), SetClip(gc, std::nullopt), d, None, nullptr, {})
+CORVIDLMW_INTERPOSE_CLIP(XChangeGC, (Display *d, GC gc, unsigned long mask, XGCValues *values), (d, gc, mask, values), if (mask & GCClipMask) SetClip(gc, std::nullopt), d, None, gc, {static_cast<long>(mask)})
 
 }  // extern "C"
 // clang-format on

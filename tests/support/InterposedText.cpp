@@ -35,19 +35,19 @@ std::string PlainWide(const Character *text, int length) {
 std::string Plain(XmString string) {
     if (!string)
         return {};
-    auto *text = static_cast<char *>(XmStringUnparse(string, nullptr, XmCHARSET_TEXT,
-                                                     XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
+    auto *text = static_cast<char *>(
+        XmStringUnparse(string, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
     std::string plain = text ? text : "";
     XtFree(text);
     return plain;
 }
 
-// Xft draws without a GC: the colour stands among the numbers.
-long ColourOf(const XftColor *colour) {
-    return static_cast<long>(colour->pixel);
+// Xft draws without a GC.
+unsigned long ColourOf(const XftColor *colour) {
+    return colour->pixel;
 }
 
-}  // namespace
+} // namespace
 
 // clang-format off
 #pragma GCC visibility push(default)
@@ -76,16 +76,16 @@ CORVIDLMW_SET_TEXT(Xutf8DrawImageString, char, Plain)
 CORVIDLMW_SET_TEXT(XwcDrawString, wchar_t, PlainWide)
 CORVIDLMW_SET_TEXT(XwcDrawImageString, wchar_t, PlainWide)
 
-// ---- Xft: x, y and the colour's pixel -----------------------------------------------------
+// ---- Xft: x, y; the colour is the foreground ----------------------------------------------
 
 #define CORVIDLMW_XFT_TEXT(function, Character, plain) \
-    CORVIDLMW_INTERPOSE(void, function, (XftDraw *draw, const XftColor *colour, XftFont *font, int x, int y, const Character *text, int n), (draw, colour, font, x, y, text, n), XftDrawDisplay(draw), XftDrawDrawable(draw), nullptr, {x, y, ColourOf(colour)}, plain(text, n))
+    CORVIDLMW_INTERPOSE(void, function, (XftDraw *draw, const XftColor *colour, XftFont *font, int x, int y, const Character *text, int n), (draw, colour, font, x, y, text, n), XftDrawDisplay(draw), XftDrawDrawable(draw), nullptr, {x, y}, plain(text, n), ColourOf(colour))
 
 CORVIDLMW_XFT_TEXT(XftDrawString8, FcChar8, Plain)
 CORVIDLMW_XFT_TEXT(XftDrawStringUtf8, FcChar8, Plain)
 CORVIDLMW_XFT_TEXT(XftDrawString16, FcChar16, PlainWide)
 CORVIDLMW_XFT_TEXT(XftDrawString32, FcChar32, PlainWide)
-CORVIDLMW_INTERPOSE(void, XftDrawRect, (XftDraw *draw, const XftColor *colour, int x, int y, unsigned width, unsigned height), (draw, colour, x, y, width, height), XftDrawDisplay(draw), XftDrawDrawable(draw), nullptr, {x, y, width, height, ColourOf(colour)})
+CORVIDLMW_INTERPOSE(void, XftDrawRect, (XftDraw *draw, const XftColor *colour, int x, int y, unsigned width, unsigned height), (draw, colour, x, y, width, height), XftDrawDisplay(draw), XftDrawDrawable(draw), nullptr, {x, y, width, height}, {}, ColourOf(colour))
 
 // ---- Compound strings: x, y, width, alignment, direction -----------------------------------
 

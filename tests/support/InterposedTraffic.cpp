@@ -48,17 +48,23 @@ void NoteXcbWait(xcb_connection_t *c, uint64_t awaited) {
         NoteWait(c, static_cast<uint32_t>(awaited), Connections()[c].last_sent_by_xcb);
 }
 
-}  // namespace
+} // namespace
 
 Counts CountsOf(Display *display) {
     return Connections()[XGetXCBConnection(display)].counts;
 }
 
-void IgnoreRequest(Display *display) {
+void SendUnseen(Display *display, int (*request)(Display *)) {
+    Unseen harness;
+    request(display);
     ++Connections()[XGetXCBConnection(display)].counts.ignored_requests;
 }
 
-}  // namespace corvidlmw::test::interpose
+void SyncUnseen(Display *display) {
+    SendUnseen(display, [](Display *client) { return XSync(client, False); });
+}
+
+} // namespace corvidlmw::test::interpose
 
 #pragma GCC visibility push(default)
 extern "C" {
@@ -104,4 +110,4 @@ void *xcb_wait_for_reply64(xcb_connection_t *c, uint64_t request, xcb_generic_er
     return next(c, request, error);
 }
 
-}  // extern "C"
+} // extern "C"

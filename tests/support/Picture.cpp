@@ -2,7 +2,6 @@
 
 #include <tests/support/DisplayTest.h>
 #include <tests/support/Interpose.h>
-#include <tests/support/Recorder.h>
 #include <tests/support/XServer.h>
 
 #include <X11/Xutil.h>
@@ -29,12 +28,6 @@ XRectangle Intersection(const XRectangle &a, const XRectangle &b) {
             static_cast<unsigned short>(right - left), static_cast<unsigned short>(bottom - top)};
 }
 
-void SyncClient(Display *display) {
-    Unseen harness;
-    XSync(display, False);
-    interpose::IgnoreRequest(display);
-}
-
 // The part of a rectangle of a window's that is on the screen; the server reads no other.
 XRectangle OnScreen(Window window, XRectangle area) {
     Display *robot = XServer::Instance().robot();
@@ -42,12 +35,11 @@ XRectangle OnScreen(Window window, XRectangle area) {
     int y = 0;
     Window child = None;
     XTranslateCoordinates(robot, DefaultRootWindow(robot), window, 0, 0, &x, &y, &child);
-    return Intersection(area, {static_cast<short>(x), static_cast<short>(y), XServer::width,
-                               XServer::height});
+    return Intersection(
+        area, {static_cast<short>(x), static_cast<short>(y), XServer::width, XServer::height});
 }
 
 std::vector<uint32_t> ReadPixels(Drawable drawable, XRectangle area) {
-    Unseen harness;
     std::vector<uint32_t> pixels;
     if (area.width == 0)
         return pixels;
@@ -94,7 +86,7 @@ XRectangle Union(const XRectangle &a, const XRectangle &b) {
             static_cast<unsigned short>(right - left), static_cast<unsigned short>(bottom - top)};
 }
 
-}  // namespace
+} // namespace
 
 // ---- Reading -----------------------------------------------------------------------------
 
@@ -115,7 +107,7 @@ Picture Picture::Of(Widget object) {
 }
 
 Picture Picture::Of(Widget object, XRectangle area) {
-    SyncClient(XtDisplayOfObject(object));
+    interpose::SyncUnseen(XtDisplayOfObject(object));
     const XPoint origin = OriginInWindow(object);
     XRectangle in_window = area;
     in_window.x = static_cast<short>(area.x + origin.x);
@@ -128,7 +120,7 @@ Picture Picture::Of(Widget object, XRectangle area) {
 }
 
 Picture Picture::OfPixmap(Display *display, Pixmap pixmap) {
-    SyncClient(display);
+    interpose::SyncUnseen(display);
     Window root = None;
     int x = 0;
     int y = 0;
@@ -208,4 +200,4 @@ bool SavePng(Widget object, const std::string &path) {
            << "the pictures differ in " << *difference << "; see " << base << ".*.png";
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

@@ -53,7 +53,7 @@ bool SavePng(Widget object, const std::string &path);
 // directory of CORVIDLMW_TEST_OUTPUT, else in the working directory.
 ::testing::AssertionResult SamePicture(const Picture &expected, const Picture &actual);
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 // In the global namespace, as the type is, so that the expectations find them.
 inline bool operator==(const XRectangle &a, const XRectangle &b) {

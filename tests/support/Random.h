@@ -17,8 +17,7 @@ namespace corvidlmw::test {
 // for new trouble or to repeat what a failure printed.
 class Random {
 public:
-    explicit Random(uint64_t seed = 1,
-                    std::source_location where = std::source_location::current())
+    explicit Random(uint64_t seed = 1, std::source_location where = std::source_location::current())
         : seed_(SeedOr(seed)), engine_(seed_),
           trace_(where.file_name(), static_cast<int>(where.line()),
                  "CORVIDLMW_TEST_SEED=" + std::to_string(seed_)) {}
@@ -44,6 +43,6 @@ private:
     ::testing::ScopedTrace trace_;
 };
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

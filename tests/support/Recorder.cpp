@@ -48,9 +48,9 @@ void FillFromGC(Display *display, GC gc, Call &call) {
 }
 
 bool Paints(std::string_view function) {
-    constexpr std::array<std::string_view, 9> kinds{"XDraw", "XFill",   "XmbDraw",
+    constexpr std::array<std::string_view, 9> kinds{"XDraw",   "XFill",     "XmbDraw",
                                                     "XwcDraw", "Xutf8Draw", "XftDraw",
-                                                    "XClear", "XCopy", "XPutImage"};
+                                                    "XClear",  "XCopy",     "XPutImage"};
     return function != "XCopyGC" && std::any_of(kinds.begin(), kinds.end(), [&](auto kind) {
                return function.starts_with(kind);
            });
@@ -63,7 +63,7 @@ std::vector<Call> Select(const std::vector<Call> &calls, Predicate predicate) {
     return selected;
 }
 
-}  // namespace
+} // namespace
 
 // ---- What the interposed functions call ----------------------------------------------
 
@@ -77,12 +77,16 @@ bool interpose::Wanted() {
     return unseen_depth == 0 && !Recorders().empty();
 }
 
-void interpose::Note(const char *function, const void *caller, Display *display,
-                     Drawable drawable, GC gc, std::vector<long> numbers, std::string text) {
+void interpose::Note(const char *function, const void *caller, Display *display, Drawable drawable,
+                     GC gc, std::vector<long> numbers, std::string text, unsigned long foreground) {
     if (display == XServer::Instance().robot())
         return;
-    Call call{.function = function, .drawable = drawable, .gc = gc, .numbers = std::move(numbers),
-              .text = std::move(text)};
+    Call call{.function = function,
+              .drawable = drawable,
+              .gc = gc,
+              .numbers = std::move(numbers),
+              .text = std::move(text),
+              .foreground = foreground};
     if (gc)
         FillFromGC(display, gc, call);
     call.caller = CallerOf(caller);
@@ -157,4 +161,4 @@ bool Unseen::Active() {
     return unseen_depth > 0;
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

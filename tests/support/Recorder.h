@@ -82,6 +82,6 @@ public:
     static bool Active();
 };
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

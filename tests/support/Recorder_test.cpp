@@ -69,6 +69,26 @@ TEST_F(RecorderTest, TheToolkitsOwnCallsAreSeenTextIncluded) {
     EXPECT_TRUE(recorder.Calls("XSync").empty()) << "the harness's own calls are left out";
 }
 
+TEST_F(RecorderTest, TextOfClientSideFontsIsRecordedWithItsColour) {
+    SetResource("*renderTable: plain");
+    SetResource("*plain.fontType: FONT_IS_XFT");
+    SetResource("*plain.fontName: DejaVu Sans");
+    SetResource("*plain.fontSize: 10");
+    SetResource("*foreground: #0000ff");
+    Recorder recorder;
+    Widget label = XtVaCreateManagedWidget("words", xmLabelWidgetClass, area, nullptr);
+    Show();
+
+    const auto drawing = recorder.Drawing(XtWindow(label));
+    const auto text = std::find_if(drawing.begin(), drawing.end(), [](const Call &call) {
+        return call.function.starts_with("XftDrawString");
+    });
+    ASSERT_NE(text, drawing.end());
+    EXPECT_EQ(text->text, "words");
+    EXPECT_EQ(text->foreground, 0x0000ffu);
+    EXPECT_EQ(Picture::Of(label).Count(0x0000ff) > 0, true);
+}
+
 // ---- Traffic ----------------------------------------------------------------------
 
 TEST_F(RecorderTest, RequestsAndRoundTripsAreCountedWithoutTheHarnesss) {
@@ -140,4 +160,4 @@ TEST(Random, RepeatsItselfFromItsSeed) {
     }
 }
 
-}  // namespace
+} // namespace

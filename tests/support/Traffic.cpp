@@ -1,7 +1,6 @@
 #include <tests/support/Traffic.h>
 
 #include <tests/support/Interpose.h>
-#include <tests/support/Recorder.h>
 #include <tests/support/XServer.h>
 
 #include <X11/extensions/XRes.h>
@@ -12,14 +11,11 @@ namespace {
 
 // Requests that went through xcb enter Xlib's own count only with Xlib's next request.
 long RequestsSent(Display *display) {
-    Unseen harness;
-    XNoOp(display);
-    interpose::IgnoreRequest(display);
-    return static_cast<long>(XNextRequest(display)) -
-           interpose::CountsOf(display).ignored_requests;
+    interpose::SendUnseen(display, XNoOp);
+    return static_cast<long>(XNextRequest(display)) - interpose::CountsOf(display).ignored_requests;
 }
 
-}  // namespace
+} // namespace
 
 RequestCounter::RequestCounter(Display *display) : display_(display) {
     Restart();
@@ -43,12 +39,9 @@ long RequestCounter::replies() const {
     return interpose::CountsOf(display_).replies - replies_at_start_;
 }
 
-// A cursor of the client's own, made for the purpose, would count; an identifier that it has not
-// used yet names it just as well.
+// The server names a client by any identifier of its range, used or not.
 ServerResources ServerResources::Of(Display *display) {
-    Unseen harness;
-    XSync(display, False);
-    interpose::IgnoreRequest(display);
+    interpose::SyncUnseen(display);
     Display *robot = XServer::Instance().robot();
     int count = 0;
     XResType *types = nullptr;
@@ -75,4 +68,4 @@ std::ostream &operator<<(std::ostream &out, const ServerResources &resources) {
     return out;
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

@@ -51,6 +51,6 @@ struct ServerResources {
 
 std::ostream &operator<<(std::ostream &, const ServerResources &);
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif

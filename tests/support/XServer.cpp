@@ -29,7 +29,7 @@ void MakeEnvironmentNeutral() {
     setenv("HOME", "/nonexistent", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     for (const char *variable : {"XENVIRONMENT", "XAPPLRESDIR", "XUSERFILESEARCHPATH",
-                                 "XFILESEARCHPATH", "XMBINDDIR", "RESOURCE_NAME", "DISPLAY"})
+                                 "XFILESEARCHPATH", "XMBINDDIR", "RESOURCE_NAME"})
         unsetenv(variable);
 }
 
@@ -77,7 +77,7 @@ Display *OpenRobot(const std::string &name) {
     return robot;
 }
 
-}  // namespace
+} // namespace
 
 XServer &XServer::Instance() {
     static XServer server;
@@ -97,6 +97,7 @@ XServer::XServer() : owner_(getpid()) {
     close(ends[1]);
     name_ = ":" + ReadDisplayNumber(ends[0]);
     close(ends[0]);
+    setenv("DISPLAY", name_.c_str(), 1);
     robot_ = OpenRobot(name_);
 }
 
@@ -112,4 +113,4 @@ void XServer::ReopenRobot() {
     robot_ = OpenRobot(name_);
 }
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test

@@ -41,6 +41,6 @@ private:
     pid_t owner_ = 0;
 };
 
-}  // namespace corvidlmw::test
+} // namespace corvidlmw::test
 
 #endif
