@@ -8,5 +8,5 @@ rooms=()
 for room in corvidlmw examples tests bench; do
     [[ -d $room ]] && rooms+=("$room")
 done
-find "${rooms[@]}" -name '*.h' -o -name '*.c' -o -name '*.cpp' |
-    xargs --no-run-if-empty clang-format --dry-run -Werror --ferror-limit=1
+find "${rooms[@]}" \( -name '*.h' -o -name '*.c' -o -name '*.cpp' \) -print0 |
+    xargs -0 clang-format --dry-run -Werror --ferror-limit=1
