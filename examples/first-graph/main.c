@@ -10,11 +10,11 @@ int main(int argc, char **argv) {
     Widget shell, graph, nodes[2], arc;
     Arg args[2];
 
+    XtSetArg(args[0], XmNwidth, 300);
+    XtSetArg(args[1], XmNheight, 150);
     shell = XtOpenApplication(&app, "FirstGraph", NULL, 0, &argc, argv, NULL,
-                              applicationShellWidgetClass, NULL, 0);
-    XtSetArg(args[0], XmNwidth, 400);
-    XtSetArg(args[1], XmNheight, 200);
-    graph = XmCreateScrolledGraph(shell, "graph", args, 2);
+                              applicationShellWidgetClass, args, 2);
+    graph = XmCreateScrolledGraph(shell, "graph", NULL, 0);
 
     nodes[0] = XmCreatePushButtonGadget(graph, "hello", NULL, 0);
     nodes[1] = XmCreatePushButtonGadget(graph, "world", NULL, 0);

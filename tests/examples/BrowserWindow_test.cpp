@@ -1,0 +1,223 @@
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+#include <Xm/Label.h>
+#include <Xm/ToggleBG.h>
+
+#include <corvidlmw/graph/Arc.h>
+#include <corvidlmw/graph/Graph.h>
+#include <tests/support/Harness.h>
+
+#include <X11/keysym.h>
+
+#include <BrowserWindow.h>
+
+namespace graph_browser {
+namespace {
+
+constexpr const char *family = "digraph { \"grandmother\" -> mother [label=\"has\", penwidth=3];"
+                               " mother -> daughter [style=dashed]; mother -> son [dir=both];"
+                               " father -> mother [dir=none]; daughter -> cat; }";
+
+template <typename Value>
+Value Get(Widget widget, const char *resource) {
+    Value value{};
+    XtVaGetValues(widget, resource, &value, nullptr);
+    return value;
+}
+
+std::string Label(Widget widget) {
+    XmString label = Get<XmString>(widget, XmNlabelString);
+    auto *text = static_cast<char *>(
+        XmStringUnparse(label, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
+    std::string copy = text ? text : "";
+    XtFree(text);
+    XmStringFree(label);
+    return copy;
+}
+
+class BrowserWindowTest : public corvidlmw::test::DisplayTest {
+protected:
+    BrowserWindowTest() : DisplayTest(900, 600) {}
+
+    void SetUp() override {
+        DisplayTest::SetUp();
+        directory = std::filesystem::temp_directory_path() /
+                    ("browser_window_test." + std::to_string(getpid()));
+        std::filesystem::create_directories(directory);
+        window = std::make_unique<BrowserWindow>(shell);
+        window->Open(File("family.dot", family));
+        Show();
+        RunWorkProcs();
+        graph = window->View().GraphWidget();
+    }
+
+    void TearDown() override {
+        XtDestroyWidget(shell);
+        window.reset();
+        std::filesystem::remove_all(directory);
+        DisplayTest::TearDown();
+    }
+
+    std::string File(const char *name, const std::string &text) const {
+        std::ofstream{directory / name} << text;
+        return directory / name;
+    }
+
+    // The node with this label, among those now in the widget.
+    Widget Node(const std::string &label) const {
+        int count = 0;
+        const WidgetList nodes = XmGraphGetNodes(graph, &count);
+        for (int i = 0; i < count; ++i)
+            if (Label(nodes[i]) == label)
+                return nodes[i];
+        ADD_FAILURE() << "no node " << label;
+        return nullptr;
+    }
+
+    Widget Arc(int index) const {
+        int count = 0;
+        const WidgetList arcs = XmGraphGetArcs(graph, &count);
+        return index < count ? arcs[index] : nullptr;
+    }
+
+    int X(const std::string &label) const { return Get<Position>(Node(label), XmNx); }
+
+    bool IsSet(const char *item) const {
+        return XmToggleButtonGadgetGetState(XtNameToWidget(shell, item)) != False;
+    }
+
+    void ClickNode(const std::string &label) {
+        Click(Node(label), 5, 5);
+        RunWorkProcs();
+    }
+
+    void Type(KeySym key) {
+        Key(key, ControlMask);
+        RunWorkProcs();
+    }
+
+    std::string StatusLine() const { return Label(XtNameToWidget(shell, "*status")); }
+    bool StatusHas(const std::string &part) const {
+        return StatusLine().find(part) != std::string::npos;
+    }
+
+    std::filesystem::path directory;
+    std::unique_ptr<BrowserWindow> window;
+    Widget graph = nullptr;
+};
+
+TEST_F(BrowserWindowTest, AFileBecomesNodesAndArcsWithItsAttributes) {
+    EXPECT_EQ(XmGraphNumNodes(graph), 6);
+    ASSERT_EQ(XmGraphNumArcs(graph), 5);
+    EXPECT_TRUE(StatusHas("family.dot: 6 nodes, 5 arcs"));
+    EXPECT_EQ(Get<int>(Arc(0), XmNarcWidth), 3);
+    EXPECT_EQ(Get<Boolean>(Arc(0), XmNmapLabel), True);
+    EXPECT_EQ(Get<unsigned char>(Arc(0), XmNarcDirection), XmDIRECTED);
+    EXPECT_EQ(Get<unsigned char>(Arc(1), XmNstyle), LineOnOffDash);
+    EXPECT_EQ(Get<unsigned char>(Arc(2), XmNarcDirection), XmBIDIRECTED);
+    EXPECT_EQ(Get<unsigned char>(Arc(4), XmNarcDirection), XmUNDIRECTED);
+    EXPECT_EQ(Get<Widget>(Arc(0), XmNfrom), Node("grandmother"));
+    EXPECT_EQ(Get<Widget>(Arc(0), XmNto), Node("mother"));
+    EXPECT_LT(X("grandmother"), X("mother"));
+    EXPECT_LT(X("mother"), X("son"));
+}
+
+TEST_F(BrowserWindowTest, AClickedNodeIsSelectedAndLooksIt) {
+    const Pixel plain = Get<Pixel>(Node("son"), XmNbackground);
+    ClickNode("son");
+    EXPECT_TRUE(StatusHas("selected: son"));
+    EXPECT_NE(Get<Pixel>(Node("son"), XmNbackground), plain);
+    ClickNode("mother");
+    EXPECT_TRUE(StatusHas("selected: mother"));
+    EXPECT_EQ(Get<Pixel>(Node("son"), XmNbackground), plain);
+}
+
+TEST_F(BrowserWindowTest, TheButterflyHoldsTheSelectedNodeAndItsNeighbours) {
+    ClickNode("mother");
+    Type(XK_b);
+    EXPECT_TRUE(IsSet("*Butterfly"));
+    EXPECT_EQ(Get<unsigned char>(graph, XmNlayoutStyle), XmBUTTERFLY);
+    EXPECT_EQ(XmGraphNumNodes(graph), 5);
+    EXPECT_EQ(XmGraphNumArcs(graph), 4);
+    EXPECT_LT(X("grandmother"), X("mother"));
+    EXPECT_EQ(X("grandmother"), X("father"));
+    EXPECT_GT(X("daughter"), X("mother"));
+    EXPECT_EQ(X("daughter"), X("son"));
+
+    ClickNode("daughter");
+    EXPECT_TRUE(StatusHas("around daughter"));
+    EXPECT_EQ(XmGraphNumNodes(graph), 3);
+    EXPECT_EQ(XmGraphNumArcs(graph), 2);
+    EXPECT_LT(X("mother"), X("daughter"));
+
+    Type(XK_g);
+    EXPECT_EQ(XmGraphNumNodes(graph), 6);
+    EXPECT_TRUE(StatusHas("selected: daughter"));
+}
+
+TEST_F(BrowserWindowTest, WithoutASelectionTheButterflyTakesTheFirstNode) {
+    Type(XK_b);
+    EXPECT_TRUE(StatusHas("around grandmother"));
+    EXPECT_EQ(XmGraphNumNodes(graph), 2);
+}
+
+TEST_F(BrowserWindowTest, TheViewMenuChangesAndShowsTheWidgetsResources) {
+    EXPECT_TRUE(IsSet("*Horizontal"));
+    Type(XK_v);
+    EXPECT_EQ(Get<unsigned char>(graph, XmNorientation), XmVERTICAL);
+    EXPECT_TRUE(IsSet("*Vertical"));
+    EXPECT_FALSE(IsSet("*Horizontal"));
+    EXPECT_EQ(Get<short>(Arc(0), XmNfromSide), XmARC_BOTTOM);
+
+    Type(XK_t);
+    EXPECT_EQ(Get<Boolean>(graph, XmNtwinsVisible), False);
+    Type(XK_l);
+    EXPECT_EQ(Get<Boolean>(Arc(0), XmNmapLabel), False);
+    Type(XK_l);
+    EXPECT_EQ(Get<Boolean>(Arc(0), XmNmapLabel), True);
+    EXPECT_EQ(Get<Boolean>(Arc(1), XmNmapLabel), False) << "it has no label to show";
+
+    window->View().SetSpacing({80, 60});
+    EXPECT_TRUE(IsSet("*Wide"));
+    XtVaSetValues(graph, XmNchildSpacing, 33, nullptr);
+    window->View().SetArcDrawMode(XmPOSITION_FIXED);
+    window->View().Select(0);
+    EXPECT_FALSE(IsSet("*Wide"));
+    EXPECT_TRUE(IsSet("*Fixed"));
+}
+
+TEST_F(BrowserWindowTest, AFileThatCannotBeReadLeavesTheGraphStanding) {
+    ClickNode("son");
+    const std::string bad = File("bad.dot", "digraph {\n a -> }\n");
+    window->Open(bad);
+    RunWorkProcs();
+    const Widget dialog = XtNameToWidget(shell, "*errorDialog");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(XtIsManaged(dialog));
+    EXPECT_EQ(Label(XtNameToWidget(dialog, "Message")), bad + ":2: syntax error near '}'");
+    EXPECT_EQ(XmGraphNumNodes(graph), 6);
+    EXPECT_TRUE(StatusHas("family.dot"));
+    EXPECT_TRUE(StatusHas("selected: son"));
+}
+
+TEST_F(BrowserWindowTest, AnotherFileTakesTheWholePlace) {
+    ClickNode("son");
+    window->Open(File("two.dot", "graph { rankdir=TB; one -- two; one -- one }"));
+    RunWorkProcs();
+    EXPECT_EQ(XmGraphNumNodes(graph), 2);
+    EXPECT_EQ(XmGraphNumArcs(graph), 2);
+    EXPECT_EQ(Get<unsigned char>(graph, XmNorientation), XmVERTICAL);
+    EXPECT_TRUE(StatusHas("two.dot: 2 nodes, 2 arcs"));
+    EXPECT_FALSE(StatusHas("selected"));
+    window->Open(File("none.dot", "digraph { }"));
+    RunWorkProcs();
+    EXPECT_EQ(XmGraphNumNodes(graph), 0);
+    Type(XK_b);
+    EXPECT_EQ(XmGraphNumNodes(graph), 0);
+}
+
+} // namespace
+} // namespace graph_browser
