@@ -24,7 +24,8 @@ void NoteWarning(String message) {
     Complaints::Current().warnings.emplace_back(message);
 }
 
-[[noreturn]] void EndFatally(String message) {
+// To clang the standard attribute is no part of the type, which the toolkit asks for.
+__attribute__((noreturn)) void EndFatally(String message) {
     if (fatal_message_pipe >= 0) {
         const ssize_t written = write(fatal_message_pipe, message, std::strlen(message));
         std::_Exit(written < 0 ? EXIT_FAILURE : ended_fatally);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <clocale>
 #include <string>
+#include <thread>
 
 namespace corvidlmw::test {
 
@@ -240,6 +241,10 @@ void DisplayTest::Drag(Widget widget, XPoint from, XPoint to, unsigned int butto
 void DisplayTest::Key(KeySym keysym, unsigned int modifiers) {
     input::TypeKey(keysym, modifiers);
     AfterInput();
+}
+
+void DisplayTest::LetTimePass(std::chrono::milliseconds pause) {
+    std::this_thread::sleep_for(pause + std::chrono::milliseconds(1));
 }
 
 void DisplayTest::PressModifiers(unsigned int modifiers) {

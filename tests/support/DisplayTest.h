@@ -75,6 +75,9 @@ protected:
               unsigned int modifiers = 0, int steps = 4);
     // Types a key with modifiers: a sum of ShiftMask, ControlMask, Mod1Mask (the toolkit's Meta).
     void Key(KeySym keysym, unsigned int modifiers = 0);
+    // The next event comes at least this much later by the server's clock: for clicks that must not
+    // make a double click. A pause is a part of what a user does, never a way to wait for a result.
+    void LetTimePass(std::chrono::milliseconds pause);
     // Holds and releases modifiers over several calls.
     void PressModifiers(unsigned int modifiers);
     void ReleaseModifiers(unsigned int modifiers);

@@ -35,7 +35,11 @@ TEST_F(HarnessTest, AClickActivatesAButtonWithTheServersTime) {
 
     EXPECT_EQ(log.reasons(), (std::vector<int>{XmCR_ARM, XmCR_ACTIVATE, XmCR_DISARM}));
     EXPECT_EQ(log.lists().front(), XmNarmCallback);
-    EXPECT_GT(log.entries()[1].data, 0u);
+    const Time first = log.entries()[1].data;
+    EXPECT_GT(first, 0u);
+    LetTimePass(std::chrono::milliseconds(20));
+    Click(button, 5, 5);
+    EXPECT_GE(log.entries()[4].data, first + 20);
 }
 
 TEST_F(HarnessTest, AClickReachesAGadgetAtItsPlace) {
