@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <system_error>
 
+#include "Utf8.h"
+
 namespace graph_browser {
 namespace {
 

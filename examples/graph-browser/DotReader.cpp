@@ -11,13 +11,12 @@
 #include <fcntl.h>
 #include <memory>
 #include <string_view>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <graphviz/cgraph.h>
 
 #include "DotAttributes.h"
-#include "DotText.h"
+#include "Utf8.h"
 
 namespace graph_browser {
 namespace {

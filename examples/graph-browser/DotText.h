@@ -31,11 +31,4 @@ LabelText RecordLabel(std::string_view label, const LabelNames &names);
 // blank.
 std::string HtmlLabel(std::string_view label);
 
-// Bytes that are not UTF-8 are taken for Latin-1, all of them if `latin1` says so; control
-// characters other than the line break go.
-std::string CleanUtf8(std::string_view text, bool latin1);
-
-// Cuts what no screen could show: a window coordinate has 16 bits.
-std::string LimitedLines(std::string_view text);
-
 } // namespace graph_browser

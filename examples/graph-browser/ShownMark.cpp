@@ -40,11 +40,12 @@ Boolean ShownMark::SetWhenIdle(XtPointer client_data) {
     XSync(display, False);
     if (XPending(display) > 0)
         return False;
-    const auto *bytes = reinterpret_cast<const unsigned char *>(mark.expected->c_str());
-    XChangeProperty(display, XtWindow(mark.shell), MarkAtom(display), XA_STRING, 8, PropModeReplace,
-                    bytes, static_cast<int>(mark.expected->size()));
-    XFlush(display);
+    const std::string file = *mark.expected;
     mark.expected.reset();
+    XChangeProperty(display, XtWindow(mark.shell), MarkAtom(display), XA_STRING, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char *>(file.data()),
+                    static_cast<int>(file.size()));
+    XFlush(display);
     mark.waiting.reset();
     return True;
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <DotText.h>
+#include <Utf8.h>
 
 namespace graph_browser {
 namespace {
