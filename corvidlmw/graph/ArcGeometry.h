@@ -52,11 +52,11 @@ std::array<Point, curve_points> CurveThrough(const Segment &ends, Point control)
 // ---- Loops: arcs from a node to itself ------------------------------------------------------
 
 struct Loop {
-    Rectangle box;           // of the ellipse, as XDrawArc takes it
-    int start = 0;           // angles in 64ths of a degree
+    Rectangle box; // of the ellipse, as XDrawArc takes it
+    int start = 0; // angles in 64ths of a degree
     int extent = 0;
-    Point label;             // where the label's rectangle starts
-    Segment arrows[2];       // tail and tip; a directed arc has the first, a bidirected one both
+    Point label;       // where the label's rectangle starts
+    Segment arrows[2]; // tail and tip; a directed arc has the first, a bidirected one both
 };
 
 Loop LoopAround(const Rectangle &node, int rank, const Label &label);

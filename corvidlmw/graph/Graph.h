@@ -314,16 +314,16 @@ enum {
 /* Call data of every callback list of XmGraph. What a reason does not speak of is zero. */
 typedef struct {
     int reason;
-    XEvent *event;                /* of the gesture; NULL for calls of a function */
-    Boolean interactive;          /* True when a gesture caused the call */
-    WidgetList selected_widgets;  /* shared: valid until the next call that returns a list */
+    XEvent *event;               /* of the gesture; NULL for calls of a function */
+    Boolean interactive;         /* True when a gesture caused the call */
+    WidgetList selected_widgets; /* shared: valid until the next call that returns a list */
     int num_selected_widgets;
-    WidgetList selected_arcs;     /* the graph's own array: not to be freed or kept */
+    WidgetList selected_arcs; /* the graph's own array: not to be freed or kept */
     int num_selected_arcs;
-    Widget widget;                /* the object that the reason speaks of */
-    Widget old_to, old_from;      /* of an arc that moved */
-    Widget new_to, new_from;      /* of an arc that moved or is new */
-    Boolean doit;                 /* set it False to refuse, where the reason can be refused */
+    Widget widget;           /* the object that the reason speaks of */
+    Widget old_to, old_from; /* of an arc that moved */
+    Widget new_to, new_from; /* of an arc that moved or is new */
+    Boolean doit;            /* set it False to refuse, where the reason can be refused */
 } XmGraphCallbackStruct;
 
 /* XmNlayoutProc: places the nodes of a graph that has at least one. */
@@ -366,8 +366,8 @@ CORVIDLMW_EXPORT void XmGraphLayout(Widget graph);
 CORVIDLMW_EXPORT void XmGraphRelaySubgraph(Widget graph, Widget node);
 
 /* Names the node that XmBUTTERFLY is laid out around, NULL for none. It counts from the next
- * layout on, and is forgotten when the node dies. Warns if `graph` is no XmGraph; a `node` that is
- * no node of this graph is ignored. */
+ * layout on, and is forgotten when the node dies. A `graph` that is no XmGraph is left alone; around
+ * a `node` that is no node of this graph nothing is placed. */
 CORVIDLMW_EXPORT void XmGraphSetButterflyRoot(Widget graph, Widget node);
 
 /* ---- Roots ---------------------------------------------------------------------------------------- */

@@ -44,11 +44,11 @@ struct _NodeRec {
 /* ---- Constraints --------------------------------------------------------------------------------- */
 
 typedef struct {
-    EventMask event_mask;  /* what the edit mode last did to this child's window */
-    NodePtr node;          /* zero for an arc */
-    int delta_x, delta_y;  /* pointer offset from this node in a multiple move */
-    int old_x, old_y;      /* place kept by the gestures */
-    Pixel mark_color;      /* -1 for no mark */
+    EventMask event_mask; /* what the edit mode last did to this child's window */
+    NodePtr node;         /* zero for an arc */
+    int delta_x, delta_y; /* pointer offset from this node in a multiple move */
+    int old_x, old_y;     /* place kept by the gestures */
+    Pixel mark_color;     /* -1 for no mark */
 } XmGraphConstraintPart;
 
 typedef struct {
@@ -108,8 +108,7 @@ typedef struct {
     GC overview_viewport_bottom_gc, overview_viewport_top_gc, overview_mark_gc;
     GC overview_line_gc, overview_node_gc;
 
-    Boolean show_overview_arcs, editable, ok_to_add, movable_nodes, selectable_arcs,
-        editable_arcs;
+    Boolean show_overview_arcs, editable, ok_to_add, movable_nodes, selectable_arcs, editable_arcs;
     int auto_layout_mode;
     Atom layout_key;
     Boolean twins_visible, re_layout, reorient;

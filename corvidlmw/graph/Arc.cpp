@@ -1,0 +1,834 @@
+// XmArc: class record, resources, life, attaching and detaching, and the lists of parallel arcs.
+//
+// An attached arc has both ends set and stands in the `from_arcs` of one node and the `to_arcs` of the
+// other. A detached arc has neither; there is nothing between. All arcs between the same two nodes,
+// in either direction, share one list of siblings, in the order of attachment.
+//
+// An arc has no window. Realising one still enters it in the toolkit's table of windows, under
+// None, where it is never found and never taken out. So the memory of an arc never becomes anything
+// else: freed records are kept, zeroed, for new arcs only.
+
+#include <corvidlmw/graph/GraphI.h>
+
+#include <X11/Xlibint.h>
+
+// Xlibint.h defines these as macros.
+#undef min
+#undef max
+
+#include <algorithm>
+#include <cassert>
+#include <cstddef>
+#include <cstring>
+#include <utility>
+
+using namespace corvidlmw;
+using namespace corvidlmw::graph;
+
+namespace {
+
+void ClassPartInitialize(WidgetClass widget_class);
+void AllocateArc(WidgetClass widget_class, Cardinal *constraint_size, Cardinal *more_bytes,
+                 ArgList args, Cardinal *num_args, XtTypedArgList typed_args,
+                 Cardinal *num_typed_args, Widget *new_w, XtPointer *more_bytes_return);
+void DeallocateArc(Widget w, XtPointer more_bytes);
+void Initialize(Widget request, Widget new_w, ArgList args, Cardinal *num_args);
+void RealizeStub(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes);
+void Destroy(Widget w);
+Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
+
+// ---- Resources ----------------------------------------------------------------------------------
+
+// clang-format off
+#define TEXT(value) const_cast<char *>(XmRString), const_cast<char *>(value)
+#define IMMEDIATE(value) const_cast<char *>(XmRImmediate), reinterpret_cast<XtPointer>(static_cast<XtArgVal>(value))
+#define ROW(name, class, type, ctype, field, ...) \
+    {Name(name), Name(class), Name(type), sizeof(ctype), offsetof(XmArcRec, arc.field), __VA_ARGS__}
+#define CALLBACK(name, field) \
+    {Name(name), Name(XmCCallback), Name(XmRCallback), sizeof(XtCallbackList), offsetof(XmArcRec, arc.field), Name(XmRCallback), nullptr}
+
+XtResource resources[] = {
+    // Ends
+    ROW(XmNto, XmCTo, XmRPointer, Widget, to, IMMEDIATE(0)),
+    ROW(XmNfrom, XmCFrom, XmRPointer, Widget, from, IMMEDIATE(0)),
+    ROW(XmNtoPosition, XmCPosition, XmRShort, short, to_position, IMMEDIATE(50)),
+    ROW(XmNfromPosition, XmCPosition, XmRShort, short, from_position, IMMEDIATE(50)),
+    ROW(XmNfromSide, XmCSide, XmRShort, short, from_side, IMMEDIATE(XmARC_RIGHT)),
+    ROW(XmNtoSide, XmCSide, XmRShort, short, to_side, IMMEDIATE(XmARC_LEFT)),
+    ROW(XmNarcDirection, XmCDirection, XmRArcDirection, unsigned char, arc_direction, TEXT("undirected")),
+
+    // Look
+    ROW(XmNforeground, XmCForeground, XmRPixel, Pixel, foreground, TEXT("Black")),
+    ROW(XmNhighlight, XmCHighlight, XmRBoolean, Boolean, highlight, TEXT("False")),
+    ROW(XmNfontList, XmCFontList, XmRFontList, XmFontList, font_list, IMMEDIATE(0)),
+    ROW(XmNlabelString, XmCLabelString, XmRXmString, _XmString, label_string, IMMEDIATE(0)),
+    ROW(XmNmapLabel, XmCMapLabel, XmRBoolean, Boolean, map_label, TEXT("False")),
+    ROW(XmNarcWidth, XmCArcWidth, XmRInt, int, arc_width, TEXT("0")),
+    ROW(XmNstyle, XmCStyle, XmRLineStyle, unsigned char, style, TEXT("LineSolid")),
+    ROW(XmNcapStyle, XmCCapStyle, XmRCapStyle, unsigned char, cap_style, TEXT("CapNotLast")),
+    ROW(XmNdashes, XmCDashes, XmRInt, int, dashes, TEXT("4")),
+    ROW(XmNdashOffset, XmCDashOffset, XmRInt, int, dash_offset, TEXT("0")),
+
+    // Callbacks, and what is kept for the application
+    CALLBACK(XmNarmCallback, arm_callback),
+    CALLBACK(XmNdisarmCallback, disarm_callback),
+    CALLBACK(XmNactivateCallback, activate_callback),
+    ROW(XmNuserData, XmCUserData, XmRPointer, XtPointer, user_data, IMMEDIATE(0)),
+    ROW(XmNattribute, XmCAttribute, XmRAtom, Atom, attribute, IMMEDIATE(None)),
+};
+// clang-format on
+
+static_assert(XtNumber(resources) == 22);
+
+ObjectClassExtensionRec object_extension = {
+    .next_extension = nullptr,
+    .record_type = NULLQUARK,
+    .version = XtObjectExtensionVersion,
+    .record_size = sizeof(ObjectClassExtensionRec),
+    .allocate = AllocateArc,
+    .deallocate = DeallocateArc,
+};
+
+} // namespace
+
+// ---- Class record --------------------------------------------------------------------------------
+
+extern "C" {
+
+XmArcClassRec xmArcClassRec = {
+    .core_class =
+        {
+            .superclass = reinterpret_cast<WidgetClass>(&widgetClassRec),
+            .class_name = Name("XmArc"),
+            .widget_size = sizeof(XmArcRec),
+            .class_initialize = nullptr,
+            .class_part_initialize = ClassPartInitialize,
+            .class_inited = False,
+            .initialize = Initialize,
+            .initialize_hook = nullptr,
+            .realize = RealizeStub,
+            .actions = nullptr,
+            .num_actions = 0,
+            .resources = resources,
+            .num_resources = XtNumber(resources),
+            .xrm_class = NULLQUARK,
+            .compress_motion = True,
+            .compress_exposure = XtExposeCompressSeries,
+            .compress_enterleave = True,
+            .visible_interest = False,
+            .destroy = Destroy,
+            .resize = nullptr,
+            .expose = ArcRedisplay,
+            .set_values = SetValues,
+            .set_values_hook = nullptr,
+            .set_values_almost = XtInheritSetValuesAlmost,
+            .get_values_hook = nullptr,
+            .accept_focus = nullptr,
+            .version = XtVersion,
+            .callback_private = nullptr,
+            .tm_table = nullptr,
+            .query_geometry = nullptr,
+            .display_accelerator = nullptr,
+            .extension = &object_extension,
+        },
+    .arc_class = {.input_dispatch = ArcDispatchInput},
+};
+
+WidgetClass xmArcWidgetClass = reinterpret_cast<WidgetClass>(&xmArcClassRec);
+
+} // extern "C"
+
+namespace {
+
+// ---- Memory -----------------------------------------------------------------------------------------
+
+struct ArcBlock {
+    XmArcRec record;
+    XmGraphConstraintRec constraints;
+};
+
+// A free block is zero but for this link, which lies over a field that the toolkit's table of
+// windows does not read.
+struct FreeBlock {
+    ArcBlock *next;
+};
+ArcBlock *free_blocks = nullptr;
+
+FreeBlock &LinkOf(ArcBlock *block) {
+    return *reinterpret_cast<FreeBlock *>(block);
+}
+
+ArcBlock *TakeBlock() {
+    if (!free_blocks) {
+        return reinterpret_cast<ArcBlock *>(XtCalloc(1, sizeof(ArcBlock)));
+    }
+    ArcBlock *block = free_blocks;
+    free_blocks = LinkOf(block).next;
+    LinkOf(block).next = nullptr;
+    return block;
+}
+
+// A subclass has a larger record. It never stands among the arcs that are managed without a window, so
+// its memory is the toolkit's as usual. Constraints larger than a graph's belong to a parent that is
+// no graph, which creation refuses.
+void AllocateArc(WidgetClass widget_class, Cardinal *constraint_size, Cardinal *more_bytes, ArgList,
+                 Cardinal *, XtTypedArgList, Cardinal *, Widget *new_w,
+                 XtPointer *more_bytes_return) {
+    const bool plain = widget_class == xmArcWidgetClass;
+    const bool fits = plain && *constraint_size <= sizeof(XmGraphConstraintRec);
+    ArcBlock *block = plain ? TakeBlock() : nullptr;
+    Widget w = plain ? reinterpret_cast<Widget>(block)
+                     : reinterpret_cast<Widget>(XtCalloc(1, widget_class->core_class.widget_size));
+    if (*constraint_size == 0) {
+        w->core.constraints = nullptr;
+    } else if (fits) {
+        w->core.constraints = &block->constraints;
+    } else {
+        w->core.constraints = XtCalloc(1, *constraint_size);
+    }
+    if (more_bytes_return) {
+        *more_bytes_return = *more_bytes ? XtCalloc(1, *more_bytes) : nullptr;
+    }
+    *new_w = w;
+}
+
+void DeallocateArc(Widget w, XtPointer more_bytes) {
+    XtFree(static_cast<char *>(more_bytes));
+    const bool plain = XtClass(w) == xmArcWidgetClass;
+    auto *block = reinterpret_cast<ArcBlock *>(w);
+    if (!plain || w->core.constraints != &block->constraints) {
+        XtFree(static_cast<char *>(w->core.constraints));
+    }
+    if (!plain) {
+        XtFree(reinterpret_cast<char *>(w));
+        return;
+    }
+    std::memset(static_cast<void *>(block), 0, sizeof *block);
+    LinkOf(block).next = free_blocks;
+    free_blocks = block;
+}
+
+// A subclass that leaves the procedure out gets this class's.
+void ClassPartInitialize(WidgetClass widget_class) {
+    auto &arc_class = reinterpret_cast<XmArcClassRec *>(widget_class)->arc_class;
+    if (!arc_class.input_dispatch) {
+        arc_class.input_dispatch = ArcDispatchInput;
+    }
+}
+
+// ---- GCs -------------------------------------------------------------------------------------------------
+
+XGCValues ValuesFor(Widget arc) {
+    const auto &part = ArcOf(arc);
+    XGCValues values{};
+    values.foreground = part.foreground;
+    values.background = XtParent(arc)->core.background_pixel;
+    // The server would answer a number out of range with an error.
+    values.line_width = std::clamp(part.arc_width, 0, 32767);
+    values.line_style = part.style <= LineDoubleDash ? part.style : LineSolid;
+    values.cap_style = part.cap_style <= CapProjecting ? part.cap_style : CapButt;
+    values.dash_offset = std::clamp(part.dash_offset, 0, 32767);
+    values.dashes = static_cast<char>(static_cast<unsigned char>(std::clamp(part.dashes, 1, 255)));
+    return values;
+}
+
+// At creation, and then only, CapNotLast is taken as CapButt.
+enum class CapAtCreation { No, Yes };
+
+void BuildGCs(Widget arc, CapAtCreation creation) {
+    auto &part = ArcOf(arc);
+    XtGCMask mask = GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCCapStyle |
+                    GCDashOffset | GCDashList;
+    XGCValues values = ValuesFor(arc);
+    if (creation == CapAtCreation::Yes && part.cap_style == CapNotLast) {
+        values.cap_style = CapButt;
+    }
+    short index = 0;
+    XFontStruct *font = nullptr;
+    if (_XmFontListSearch(part.font_list, Name(XmFONTLIST_DEFAULT_TAG), &index, &font) && font) {
+        mask |= GCFont;
+        values.font = font->fid;
+    }
+    part.gc = XtGetGC(XtParent(arc), mask, &values);
+    std::swap(values.foreground, values.background);
+    part.clear_gc = XtGetGC(XtParent(arc), mask, &values);
+}
+
+void ReleaseGCs(Widget arc) {
+    auto &part = ArcOf(arc);
+    for (GC *gc : {&part.gc, &part.clear_gc}) {
+        if (*gc) {
+            XtReleaseGC(arc, *gc);
+            *gc = nullptr;
+        }
+    }
+}
+
+// ---- Label and font -------------------------------------------------------------------------------------
+
+_XmString LabelFromName(Widget arc) {
+    const OwnedXmString name(XmStringLtoRCreate(XtName(arc), Name(XmFONTLIST_DEFAULT_TAG)));
+    return _XmStringCreate(name.get());
+}
+
+// A private copy of what the client gave, or the arc's name.
+void TakeLabel(Widget arc) {
+    auto &part = ArcOf(arc);
+    if (part.label_string && XmeStringIsValid(part.label_string)) {
+        part.label_string = _XmStringCreate(part.label_string);
+        return;
+    }
+    if (part.label_string) {
+        XmeWarning(arc, Name("Arc Widget expects a compound string"));
+    }
+    part.label_string = LabelFromName(arc);
+}
+
+void MeasureLabel(Widget arc) {
+    auto &part = ArcOf(arc);
+    _XmStringExtent(part.font_list, part.label_string, &part.label_width, &part.label_height);
+}
+
+// The font of arcs whose font list was set to none: one for each display, until that closes.
+struct FixedFont {
+    Display *display;
+    XFontStruct *font;
+    FixedFont *next;
+};
+FixedFont *fixed_fonts = nullptr;
+
+int ForgetFixedFont(Display *display, XExtCodes *) {
+    for (FixedFont **link = &fixed_fonts; *link; link = &(*link)->next) {
+        FixedFont *entry = *link;
+        if (entry->display == display) {
+            *link = entry->next;
+            XFreeFontInfo(nullptr, entry->font, 1);
+            delete entry;
+            break;
+        }
+    }
+    return 0;
+}
+
+XFontStruct *FixedFontOf(Display *display) {
+    for (FixedFont *entry = fixed_fonts; entry; entry = entry->next) {
+        if (entry->display == display) {
+            return entry->font;
+        }
+    }
+    XFontStruct *font = XLoadQueryFont(display, "fixed");
+    XExtCodes *codes = font ? XAddExtension(display) : nullptr;
+    if (codes) {
+        XESetCloseDisplay(display, codes->extension, ForgetFixedFont);
+        fixed_fonts = new FixedFont{display, font, fixed_fonts};
+    }
+    return font;
+}
+
+XmFontList FixedFontList(Widget arc) {
+    XFontStruct *font = FixedFontOf(XtDisplay(arc));
+    if (!font) {
+        return XmFontListCopy(XmeGetDefaultRenderTable(arc, XmLABEL_FONTLIST));
+    }
+    return XmFontListCreate(font, Name(XmFONTLIST_DEFAULT_TAG));
+}
+
+// ---- Life ---------------------------------------------------------------------------------------------------
+
+void ClearFields(Widget arc) {
+    arc->core.x = arc->core.y = 0;
+    arc->core.width = arc->core.height = 1;
+    arc->core.border_width = 0;
+    auto &part = ArcOf(arc);
+    part.siblings = nullptr;
+    part.drawn = False;
+    part.armed = False;
+    part.sibling_rank = 0;
+    part.gc = part.clear_gc = nullptr;
+    part.internal = nullptr;
+}
+
+void Detach(XmArcPart &part) {
+    part.to = part.from = nullptr;
+}
+
+void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
+    ClearFields(new_w);
+    auto &part = ArcOf(new_w);
+    Widget parent = XtParent(new_w);
+    if (XtClass(parent) != xmGraphWidgetClass) {
+        // A client's handler may return from a fatal error: leave nothing that is not ours to free.
+        Detach(part);
+        part.font_list = nullptr;
+        part.label_string = nullptr;
+        XtAppError(XtWidgetToApplicationContext(new_w),
+                   "Arc widget can only be managed by an XmGraph widget");
+        return;
+    }
+    part.font_list = XmFontListCopy(
+        part.font_list ? part.font_list : XmeGetDefaultRenderTable(new_w, XmLABEL_FONTLIST));
+    TakeLabel(new_w);
+    MeasureLabel(new_w);
+    BuildGCs(new_w, CapAtCreation::Yes);
+    if (part.to && part.from) {
+        _SetupArcInternal(parent, new_w);
+        return;
+    }
+    if (part.to) {
+        XtAppWarning(XtWidgetToApplicationContext(new_w),
+                     "You must specify both a to and from widget when creating an XmArcWidget");
+    }
+    Detach(part);
+}
+
+// No window is ever made.
+void RealizeStub(Widget, XtValueMask *, XSetWindowAttributes *) {}
+
+void LeaveDoomed(Widget arc) {
+    auto &doomed = StateOf(XtParent(arc)).doomed_arcs;
+    auto found = std::find_if(doomed.rbegin(), doomed.rend(),
+                              [&](const DoomedArc &d) { return d.arc == arc; });
+    if (found != doomed.rend()) {
+        XtRemoveWorkProc(found->work_proc);
+        doomed.erase(std::next(found).base());
+    }
+}
+
+void Destroy(Widget arc) {
+    auto &part = ArcOf(arc);
+    if (XtClass(XtParent(arc)) == xmGraphWidgetClass) {
+        LeaveDoomed(arc);
+        LeaveSiblings(XtParent(arc), arc, false);
+    }
+    Detach(part);
+    ReleaseGCs(arc);
+    if (part.font_list) {
+        XmFontListFree(part.font_list);
+    }
+    if (part.label_string) {
+        _XmStringFree(part.label_string);
+        part.label_string = nullptr;
+    }
+    for (const char *name : {XmNarmCallback, XmNactivateCallback, XmNdisarmCallback}) {
+        XtRemoveAllCallbacks(arc, name);
+    }
+}
+
+// ---- Resource changes ---------------------------------------------------------------------------------------
+
+bool LookChanged(const XmArcPart &old, const XmArcPart &part) {
+    const bool label_changed =
+        old.font_list != part.font_list || old.label_string != part.label_string;
+    return old.foreground != part.foreground || old.arc_width != part.arc_width ||
+           old.style != part.style || old.cap_style != part.cap_style ||
+           old.dash_offset != part.dash_offset || old.highlight != part.highlight ||
+           old.map_label != part.map_label || old.to_side != part.to_side ||
+           old.from_side != part.from_side || old.to_position != part.to_position ||
+           old.from_position != part.from_position || old.arc_direction != part.arc_direction ||
+           (old.dashes != part.dashes && old.style != LineSolid) ||
+           (label_changed && old.map_label);
+}
+
+bool GCsChanged(const XmArcPart &old, const XmArcPart &part) {
+    return old.foreground != part.foreground || old.font_list != part.font_list ||
+           old.arc_width != part.arc_width || old.style != part.style ||
+           old.cap_style != part.cap_style || old.dash_offset != part.dash_offset ||
+           old.dashes != part.dashes;
+}
+
+void UpdateLabel(Widget current, Widget request, Widget new_w) {
+    _XmString old = ArcOf(current).label_string;
+    TakeLabel(new_w);
+    _XmStringFree(old);
+    ArcOf(current).label_string = nullptr;
+    ArcOf(request).label_string = nullptr;
+}
+
+void UpdateFont(Widget current, Widget new_w) {
+    auto &part = ArcOf(new_w);
+    part.font_list = part.font_list ? XmFontListCopy(part.font_list) : FixedFontList(new_w);
+    XmFontListFree(ArcOf(current).font_list);
+    _XmStringUpdate(part.font_list, part.label_string);
+}
+
+// What the look needs anew: label, font, extent and GCs. True if the arc must be drawn.
+bool UpdateLook(Widget current, Widget request, Widget new_w) {
+    const auto &old = ArcOf(current);
+    auto &part = ArcOf(new_w);
+    const bool label_changed = old.label_string != part.label_string;
+    const bool font_changed = old.font_list != part.font_list;
+    const bool look_changed = LookChanged(old, part);
+    const bool gcs_changed = GCsChanged(old, part);
+    if (look_changed && HasWindow(XtParent(new_w)) && XtIsManaged(new_w)) {
+        // `current` is a copy of the record, as it was drawn.
+        _EraseArc(current);
+        part.drawn = False;
+    }
+    if (label_changed) {
+        UpdateLabel(current, request, new_w);
+    }
+    if (font_changed) {
+        UpdateFont(current, new_w);
+    }
+    const bool measured = look_changed || label_changed || font_changed;
+    if (measured) {
+        MeasureLabel(new_w);
+    }
+    if (gcs_changed) {
+        ReleaseGCs(new_w);
+        BuildGCs(new_w, CapAtCreation::No);
+    }
+    return measured || gcs_changed;
+}
+
+// Both ends of a detached arc attach it; other ends move it.
+void ChangeEnds(Widget new_w, Widget old_from, Widget old_to) {
+    auto &part = ArcOf(new_w);
+    Widget graph = XtParent(new_w);
+    if (!old_from && !old_to) {
+        _SetupArcInternal(graph, new_w);
+        DrawArc(new_w);
+        return;
+    }
+    Widget from = std::exchange(part.from, old_from);
+    Widget to = std::exchange(part.to, old_to);
+    XmGraphMoveArc(graph, new_w, from, to);
+}
+
+// An application cannot place an arc: x, y, width and height follow from its ends. They are stored at
+// the end in any case, so that an arc that is not drawn can still be picked.
+Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList, Cardinal *) {
+    auto &part = ArcOf(new_w);
+    const auto &old = ArcOf(current);
+    Widget old_from = old.from;
+    Widget old_to = old.to;
+    new_w->core.x = new_w->core.y = 0;
+    new_w->core.width = new_w->core.height = 1;
+    const bool draw = UpdateLook(current, request, new_w);
+    if (!part.to || !part.from) {
+        Warn(new_w, "Arc widget should have non-null to and from widgets");
+        part.to = old_to;
+        part.from = old_from;
+    }
+    if (part.to != old_to || part.from != old_from) {
+        ChangeEnds(new_w, old_from, old_to);
+    } else if (draw) {
+        DrawArc(new_w);
+    }
+    if (HasBothEnds(new_w)) {
+        StoreEnds(new_w, EndsOf(new_w));
+    }
+    return False;
+}
+
+// ---- Siblings -------------------------------------------------------------------------------------------------
+
+// The arcs behind `arc`, which move down one rank when it leaves.
+std::vector<Widget> ArcsBehind(Widget arc) {
+    const auto &part = ArcOf(arc);
+    auto siblings = Widgets(*part.siblings);
+    const auto first = static_cast<std::size_t>(_sibling_rank(arc)) + 1;
+    std::vector<Widget> behind;
+    for (Widget sibling : siblings.subspan(std::min(first, siblings.size()))) {
+        if (sibling != arc) {
+            behind.push_back(sibling);
+        }
+    }
+    return behind;
+}
+
+void LeaveSiblingList(XmArcPart &part, Widget arc) {
+    XmGraphNodeList *list = part.siblings;
+    if (list->count == 2) {
+        for (Widget sibling : Widgets(*list)) {
+            ArcOf(sibling).siblings = nullptr;
+        }
+        _XmGraphNodeListFree(list);
+        XtFree(reinterpret_cast<char *>(list));
+    } else {
+        _XmGraphNodeListRemove(list, arc);
+    }
+    part.siblings = nullptr;
+}
+
+// ---- Nodes' lists -----------------------------------------------------------------------------------------------
+
+// An arc from `from` to `to` other than `arc`, looked for where there are fewer. Which one does not
+// matter: all of them share one list of siblings.
+Widget FindArc(Widget arc, NodePtr from, NodePtr to) {
+    const bool forward = from->from_arcs.count <= to->to_arcs.count;
+    for (Widget other : Widgets(forward ? from->from_arcs : to->to_arcs)) {
+        const auto &part = ArcOf(other);
+        if (other != arc && part.from == from->widget && part.to == to->widget) {
+            return other;
+        }
+    }
+    return nullptr;
+}
+
+// Each neighbour stands once in `children`, `tree_children` and `parents`. A node that no arc led to is in
+// none of them, unless an arc went and left its entry in `tree_children`.
+void LinkNeighbours(Widget graph, NodePtr from, NodePtr to, bool had_arc) {
+    const bool may_be_there = had_arc || StateOf(graph).stale_owners.contains(from);
+    auto insert = may_be_there ? _XmGraphNodeListInsertNoDuplicates : _XmGraphNodeListInsert;
+    insert(graph, &from->children, to);
+    insert(graph, &from->tree_children, to);
+    insert(graph, &to->parents, from);
+}
+
+// The tree edge goes with its arc; an entry that was no tree edge stays where it is in the order.
+void UnlinkNeighbours(Widget graph, NodePtr from, NodePtr to) {
+    _XmGraphNodeListRemove(&from->children, to);
+    if (to->tree_parent == from) {
+        _XmGraphNodeListRemove(&from->tree_children, to);
+        to->tree_parent = nullptr;
+    } else {
+        StateOf(graph).stale_owners.insert(from);
+    }
+    _XmGraphNodeListRemove(&to->parents, from);
+}
+
+Boolean reallyDestroyArc(XtPointer client_data) {
+    auto arc = static_cast<Widget>(client_data);
+    auto &doomed = StateOf(XtParent(arc)).doomed_arcs;
+    std::erase_if(doomed, [&](const DoomedArc &d) { return d.arc == arc; });
+    XtDestroyWidget(arc);
+    return True;
+}
+
+// ---- Death of a node -------------------------------------------------------------------------------------------------
+
+// The toolkit is in the middle of a destruction, so the arc goes later, unless the graph goes too.
+void Doom(Widget graph, Widget arc) {
+    if (IsBeingDestroyed(graph)) {
+        XtDestroyWidget(arc);
+    } else if (!IsBeingDestroyed(arc)) {
+        const XtWorkProcId work_proc =
+            XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc);
+        StateOf(graph).doomed_arcs.push_back({arc, work_proc});
+    }
+}
+
+// Unmanaging calls the client, who may destroy arcs of the list: what is left is asked for anew.
+void DropArcs(Widget graph, XmGraphNodeList &list) {
+    if (list.count == 0) {
+        return;
+    }
+    std::vector<Widget> arcs = Copy(Widgets(list));
+    XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
+    while (list.count > 0) {
+        Widget arc = Widgets(list).front();
+        assert(arc);
+        XtRemoveCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
+        DoRemoveArc(graph, arc);
+        _XmGraphNodeListRemove(&list, arc);
+        RemoveFromArcs(graph, arc);
+        ForgetObject(graph, arc);
+        Doom(graph, arc);
+    }
+}
+
+// No list of another node may name it once its record is freed.
+void LeaveForest(Widget graph, NodePtr node) {
+    for (Widget arc : Widgets(node->to_arcs)) {
+        if (NodePtr from = NodeIn(graph, ArcOf(arc).from)) {
+            _XmGraphNodeListRemove(&from->tree_children, node);
+        }
+    }
+    auto &stale = StateOf(graph).stale_owners;
+    for (NodePtr owner : stale) {
+        _XmGraphNodeListRemove(&owner->tree_children, node);
+    }
+    stale.erase(node);
+}
+
+} // namespace
+
+namespace corvidlmw::graph {
+
+// ---- Siblings ------------------------------------------------------------------------------------------------------------
+
+void MakeSiblings(Widget existing, Widget arc) {
+    auto &part = ArcOf(existing);
+    if (!part.siblings) {
+        part.siblings = reinterpret_cast<XmGraphNodeList *>(XtCalloc(1, sizeof(XmGraphNodeList)));
+        AppendArc(*part.siblings, existing);
+    }
+    if (!_XmGraphNodeListMember(part.siblings, arc)) {
+        AppendArc(*part.siblings, arc);
+    }
+    ArcOf(arc).siblings = part.siblings;
+}
+
+// An arc in the opposite direction counts as a twin too.
+Widget FindTwin(Widget arc, NodePtr from, NodePtr to) {
+    Widget twin = FindArc(arc, from, to);
+    return twin ? twin : FindArc(arc, to, from);
+}
+
+void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
+    auto &part = ArcOf(arc);
+    if (!part.siblings) {
+        return;
+    }
+    std::vector<Widget> behind;
+    if (redraw) {
+        behind = ArcsBehind(arc);
+    }
+    for (Widget sibling : behind) {
+        if (ArcIsInView(graph, sibling)) {
+            _EraseArc(sibling);
+        }
+    }
+    LeaveSiblingList(part, arc);
+    for (Widget sibling : behind) {
+        DrawArc(sibling);
+    }
+}
+
+void RebuildArcGCs(Widget arc) {
+    ReleaseGCs(arc);
+    BuildGCs(arc, CapAtCreation::No);
+}
+
+// ---- Attaching and detaching ------------------------------------------------------------------------------------------------
+
+// The gesture's way to make an arc: the nodes' lists of neighbours are left to the caller.
+Widget CreateArcInternal(Widget graph, char *name, NodePtr from, NodePtr to, ArgList args,
+                         Cardinal num_args) {
+    Widget arc = XtCreateWidget(name, xmArcWidgetClass, graph, args, num_args);
+    auto &part = ArcOf(arc);
+    part.from = from->widget;
+    part.to = to->widget;
+    if (Widget twin = FindTwin(arc, from, to)) {
+        MakeSiblings(twin, arc);
+    }
+    AppendArc(from->from_arcs, arc);
+    AppendArc(to->to_arcs, arc);
+    return arc;
+}
+
+// In a graph that is going down nothing is drawn. An arc that is being destroyed itself is not in view
+// either: the graph repaints when it is unmanaged.
+void DoRemoveArc(Widget w, Widget arc) {
+    if (!arc) {
+        return;
+    }
+    auto &part = ArcOf(arc);
+    const bool redraw = !IsBeingDestroyed(w);
+    if (redraw && ArcIsInView(w, arc)) {
+        _EraseArc(arc);
+    }
+    LeaveSiblings(w, arc, redraw);
+    _XmGraphNodeListRemove(&GraphOf(w).selected_arcs, arc);
+    // A node that is dying has lost its widget, but still has its lists.
+    NodePtr from = part.from ? NodeOf(part.from) : nullptr;
+    NodePtr to = part.to ? NodeOf(part.to) : nullptr;
+    if (from && to) {
+        UnlinkNeighbours(w, from, to);
+    }
+    if (from) {
+        _XmGraphNodeListRemove(&from->from_arcs, arc);
+    }
+    if (to) {
+        _XmGraphNodeListRemove(&to->to_arcs, arc);
+    }
+    Detach(part);
+}
+
+// ---- Deaths ------------------------------------------------------------------------------------------------------------------------
+
+void destroy_arc_callback(Widget arc, XtPointer, XtPointer) {
+    Widget graph = XtParent(arc);
+    DoRemoveArc(graph, arc);
+    ForgetObject(graph, arc);
+}
+
+void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
+    auto graph_widget = static_cast<Widget>(client_data);
+    NodePtr node = XtIsRectObj(w) ? NodeOf(w) : nullptr;
+    if (!node) {
+        return;
+    }
+    auto &graph = GraphOf(graph_widget);
+    if (!IsBeingDestroyed(graph_widget)) {
+        LeaveForest(graph_widget, node);
+    }
+    DropArcs(graph_widget, node->from_arcs);
+    DropArcs(graph_widget, node->to_arcs);
+    StateOf(graph_widget).stale_owners.erase(node);
+    ForgetObject(graph_widget, w);
+    _XmGraphNodeListRemove(&graph.selected_nodes, node);
+    _XmGraphNodeListRemove(&graph.user_roots, node);
+    _XmGraphNodeListRemove(&subgraph_nodes, node);
+    node->widget = nullptr;
+    node->tree_parent = nullptr;
+    node->tree_children.count = 0;
+}
+
+// The latest first: the toolkit keeps the work procedures in that order.
+void DestroyDoomedArcs(Widget graph) {
+    auto &doomed = StateOf(graph).doomed_arcs;
+    while (!doomed.empty()) {
+        const DoomedArc last = doomed.back();
+        doomed.pop_back();
+        XtRemoveWorkProc(last.work_proc);
+        XtDestroyWidget(last.arc);
+    }
+}
+
+} // namespace corvidlmw::graph
+
+// ---- Public functions ---------------------------------------------------------------------------------------------------------------------
+
+extern "C" {
+
+Widget XmCreateArc(Widget parent, char *name, ArgList args, Cardinal argcount) {
+    return XtCreateWidget(name, xmArcWidgetClass, parent, args, argcount);
+}
+
+Widget XmCreateAttachedArc(Widget parent, char *name, Widget from, Widget to, ArgList args,
+                           Cardinal argcount) {
+    Widget arc =
+        XtVaCreateWidget(name, xmArcWidgetClass, parent, XmNto, to, XmNfrom, from, nullptr);
+    if (argcount > 0) {
+        XtSetValues(arc, args, argcount);
+    }
+    return arc;
+}
+
+// Ends that are no living nodes of this graph leave the arc detached.
+void _SetupArcInternal(Widget graph, Widget arc) {
+    auto &part = ArcOf(arc);
+    NodePtr from = NodeIn(graph, part.from);
+    NodePtr to = NodeIn(graph, part.to);
+    if (!from || !to) {
+        Detach(part);
+        return;
+    }
+    Widget same_way = FindArc(arc, from, to);
+    Widget twin = same_way ? same_way : FindArc(arc, to, from);
+    if (twin) {
+        MakeSiblings(twin, arc);
+    }
+    AppendArc(from->from_arcs, arc);
+    AppendArc(to->to_arcs, arc);
+    LinkNeighbours(graph, from, to, same_way != nullptr);
+}
+
+int _sibling_rank(Widget arc) {
+    const auto &part = ArcOf(arc);
+    if (!part.siblings || GraphOf(XtParent(arc)).twins_visible != True) {
+        return 0;
+    }
+    int rank = 0;
+    for (Widget sibling : Widgets(*part.siblings)) {
+        if (sibling == arc) {
+            break;
+        }
+        rank += IsBeingDestroyed(sibling) ? 0 : 1;
+    }
+    return rank;
+}
+
+} // extern "C"

@@ -1,0 +1,250 @@
+// What the sources of the graph room share.
+#pragma once
+
+// First: it mends declarations of the toolkit's private headers.
+#include <corvidlmw/toolkit/Toolkit.h>
+
+#include <corvidlmw/graph/ArcP.h>
+#include <corvidlmw/graph/GraphP.h>
+
+#include <span>
+#include <unordered_set>
+#include <vector>
+
+namespace corvidlmw::graph {
+
+// ---- Records ------------------------------------------------------------------------------------
+
+inline XmGraphPart &GraphOf(Widget graph) {
+    return reinterpret_cast<XmGraphWidget>(graph)->graph;
+}
+
+inline XmManagerPart &ManagerOf(Widget graph) {
+    return reinterpret_cast<XmGraphWidget>(graph)->manager;
+}
+
+inline XmArcPart &ArcOf(Widget arc) {
+    return reinterpret_cast<XmArcWidget>(arc)->arc;
+}
+
+inline XmGraphConstraintPart &ConstraintOf(Widget child) {
+    return reinterpret_cast<XmGraphConstraintPtr>(child->core.constraints)->graph;
+}
+
+// The record of a child of a graph; zero for an arc.
+inline NodePtr NodeOf(Widget child) {
+    return ConstraintOf(child).node;
+}
+
+// The record of any widget at all: zero unless it is a living node of `graph`.
+NodePtr NodeIn(Widget graph, Widget w);
+
+// True, or False with the warning, if `w` is no graph.
+bool CheckGraph(Widget w, const char *warning);
+
+inline std::span<Widget> Children(Widget graph) {
+    return {ChildrenOf(graph), NumChildrenOf(graph)};
+}
+
+inline std::span<Widget> Arcs(Widget graph) {
+    return {GraphOf(graph).arcs, static_cast<std::size_t>(GraphOf(graph).num_arcs)};
+}
+
+template <typename T>
+std::span<T> Entries(const XmGraphNodeList &list) {
+    return {reinterpret_cast<T *>(list.items), static_cast<std::size_t>(list.count)};
+}
+
+inline std::span<NodePtr> Nodes(const XmGraphNodeList &list) {
+    return Entries<NodePtr>(list);
+}
+
+inline std::span<Widget> Widgets(const XmGraphNodeList &list) {
+    return Entries<Widget>(list);
+}
+
+// A copy, to walk while callbacks may change the list.
+template <typename T>
+std::vector<T> Copy(std::span<T> list) {
+    return {list.begin(), list.end()};
+}
+
+// ---- Lists ----------------------------------------------------------------------------------------
+
+// Appends with the growth of a list of arcs: size/4 + size + 1, without zero fill.
+void AppendArc(XmGraphNodeList &list, Widget arc);
+
+// Shared by all graphs: what the functions that return nodes fill, and the nodes of the subgraph
+// at hand.
+extern XmGraphNodeList return_widget_list;
+extern XmGraphNodeList subgraph_nodes;
+
+// Size of the super-root's widget and of new nodes.
+extern short nn_width;
+extern short nn_height;
+
+// Figures collected for one request: the rubber band and the overview.
+struct LineBatch {
+    int count;
+    XSegment segments[200];
+};
+struct RectangleBatch {
+    int count;
+    XRectangle rectangles[200];
+};
+extern LineBatch line_list;
+extern LineBatch overview_line_list;
+extern RectangleBatch rectangle_list;
+extern RectangleBatch overview_rectangle_list;
+
+// ---- State behind `internal` ------------------------------------------------------------------------
+
+class Watch;
+
+// An arc that lost a node; a work procedure destroys it.
+struct DoomedArc {
+    Widget arc;
+    XtWorkProcId work_proc;
+};
+
+struct GraphState {
+    // The indicate cursors that were built here; others belong to a client or a converter.
+    Cursor built_cursors[2] = {None, None};
+    bool cover_settled = false; // the cover was unmapped after the clip window's realisation
+    int layout_depth = 0;
+    unsigned long next_arc_serial = 1;
+    std::vector<DoomedArc> doomed_arcs; // in the order of their work procedures
+    // Nodes whose `tree_children` may name a node that no arc leads to any more.
+    std::unordered_set<NodePtr> stale_owners;
+    Watch *watches = nullptr;
+};
+
+inline GraphState &StateOf(Widget graph) {
+    return *static_cast<GraphState *>(GraphOf(graph).internal);
+}
+
+// Tells whether a graph died while client code ran.
+class Watch {
+public:
+    explicit Watch(Widget graph) : state_(&StateOf(graph)), next_(state_->watches) {
+        state_->watches = this;
+    }
+    ~Watch() {
+        if (state_) {
+            state_->watches = next_;
+        }
+    }
+    Watch(const Watch &) = delete;
+    Watch &operator=(const Watch &) = delete;
+
+    bool Died() const { return !state_; }
+    // The graph's state is going: no watch may touch it any more.
+    static void Trip(GraphState &state) {
+        for (Watch *watch = state.watches; watch; watch = watch->next_) {
+            watch->state_ = nullptr;
+        }
+    }
+
+private:
+    GraphState *state_;
+    Watch *next_;
+};
+
+// `internal` of an arc: its serial number in the graph. `arcs` is sorted by it, so that an arc is
+// found there by bisection.
+inline unsigned long SerialOf(Widget arc) {
+    return reinterpret_cast<unsigned long>(ArcOf(arc).internal);
+}
+
+// ---- Graph.cpp ----------------------------------------------------------------------------------------
+
+// XmNgraphChangedCallback with nothing but a reason and, for some, an object.
+void CallGraphChanged(Widget graph, int reason, Widget object = nullptr);
+
+// Clears every field of the graph that names the dying object.
+void ForgetObject(Widget graph, Widget object);
+
+// Takes an arc out of `arcs`.
+void RemoveFromArcs(Widget graph, Widget arc);
+
+GC BuildPlainGC(Widget graph, Pixel foreground);
+GC BuildXorGC(Widget graph);
+GC BuildOverviewGC(Widget graph, Pixel color);
+
+// ---- Arc.cpp --------------------------------------------------------------------------------------------
+
+void destroy_arc_callback(Widget arc, XtPointer client_data, XtPointer call_data);
+void destroy_node_callback(Widget node, XtPointer graph, XtPointer call_data);
+Widget CreateArcInternal(Widget graph, char *name, NodePtr from, NodePtr to, ArgList args,
+                         Cardinal num_args);
+void DoRemoveArc(Widget graph, Widget arc);
+void MakeSiblings(Widget existing, Widget arc);
+// The arc that a new arc from `from` to `to` stands beside, or NULL.
+Widget FindTwin(Widget arc, NodePtr from, NodePtr to);
+// Leaves the list of parallel arcs; those behind it are erased and drawn one rank lower.
+void LeaveSiblings(Widget graph, Widget arc, bool redraw);
+void DestroyDoomedArcs(Widget graph);
+void RebuildArcGCs(Widget arc);
+
+// ---- ArcDrawing.cpp ----------------------------------------------------------------------------------------
+
+// Draws as the class's `expose` does.
+void DrawArc(Widget arc);
+// Draws all arcs in a region, its clip set once for each GC.
+void DrawArcsInRegion(Widget graph, Region region);
+bool ArcIsInView(Widget graph, Widget arc);
+bool HasBothEnds(Widget arc);
+// The end points in whole coordinates, as _GetPoints gives them; both ends must be set.
+Segment EndsOf(Widget arc);
+// The stored end points.
+Segment StoredEndsOf(Widget arc);
+void StoreEnds(Widget arc, const Segment &ends);
+
+void ArcRedisplay(Widget arc, XEvent *event, Region region);
+void ArcDispatchInput(Widget arc, XEvent *event, Mask mask);
+
+// ---- Layout.cpp ------------------------------------------------------------------------------------------------
+
+void DoLayout(Widget graph);
+// What XmGraphLayout does for a graph.
+void LayoutNow(Widget graph);
+// `subgraph_nodes` becomes the managed, mapped nodes that `node` reaches, depth first.
+void GetSubgraphNodeList(Widget graph, XmGraphNodeList &path, NodePtr node);
+// Both spacings in pixels, from the units that the application gave.
+void ConvertSpacing(Widget graph, int child_units, int sibling_units);
+
+// ---- Sizing.cpp --------------------------------------------------------------------------------------------------
+
+void GraphResize(Widget graph);
+void GraphChangeManaged(Widget graph);
+XtGeometryResult GraphGeometryManager(Widget child, XtWidgetGeometry *request,
+                                      XtWidgetGeometry *reply);
+XtGeometryResult GraphQueryGeometry(Widget graph, XtWidgetGeometry *intended,
+                                    XtWidgetGeometry *preferred);
+void ResizeClipArea(Widget clip, XtPointer graph, XtPointer call_data);
+void GraphScrolled(Widget scroll_bar, XtPointer graph, XtPointer call_data);
+// Callbacks on the scrolled window that the graph was created in, and off again.
+void AttachToScrolledWindow(Widget graph);
+void DetachFromScrolledWindow(Widget graph);
+
+// ---- Redisplay.cpp -----------------------------------------------------------------------------------------------
+
+void GraphRedisplay(Widget graph, XEvent *event, Region region);
+Boolean GraphSetValues(Widget current, Widget request, Widget new_w, ArgList args,
+                       Cardinal *num_args);
+void HandleCreateNotify(Widget graph, XtPointer client_data, XEvent *event, Boolean *dispatch);
+void ClearGraph(Widget graph); // the whole window, with exposures
+// Gives the children the input that the graph's edit mode leaves them. A mode that a window has
+// already is not applied again.
+void ApplyEditMode(Widget graph, std::span<Widget> children);
+void FreeEditState(NodePtr node);
+
+// ---- Structure.cpp, Viewport.cpp, SelectGestures.cpp ----------------------------------------------------------------
+
+void DestroyAllArcs(Widget graph);
+void ForgetButterflyRoot(Widget graph);
+
+extern XtActionsRec graph_actions[8];
+extern const char graph_translations[];
+
+} // namespace corvidlmw::graph

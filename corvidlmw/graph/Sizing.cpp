@@ -1,0 +1,449 @@
+// The graph is as large as its nodes need, at least as large as its clip window, and shrinks only
+// when it is much too large: geometry methods, life inside a scrolled window, the cover window.
+
+#include <corvidlmw/graph/GraphI.h>
+
+#include <Xm/DrawingA.h>
+#include <Xm/ScrollBar.h>
+#include <Xm/ScrolledW.h>
+
+#include <algorithm>
+#include <string>
+
+using namespace corvidlmw;
+using namespace corvidlmw::graph;
+
+namespace {
+
+constexpr int largest_size = 32567;
+// How much larger than needed the graph may stay.
+constexpr int slack = 50;
+
+const char *const scroll_callbacks[] = {XmNvalueChangedCallback,  XmNincrementCallback,
+                                        XmNdecrementCallback,     XmNpageIncrementCallback,
+                                        XmNpageDecrementCallback, XmNdragCallback};
+
+// ---- Scrolled window ---------------------------------------------------------------------------
+
+struct ScrollBars {
+    Widget vertical = nullptr;
+    Widget horizontal = nullptr;
+};
+
+ScrollBars BarsOf(Widget scrolled) {
+    if (!scrolled || !XmIsScrolledWindow(scrolled)) {
+        return {};
+    }
+    return {.vertical = ResourceOf<Widget>(scrolled, XmNverticalScrollBar, nullptr),
+            .horizontal = ResourceOf<Widget>(scrolled, XmNhorizontalScrollBar, nullptr)};
+}
+
+// The scrolled window in automatic mode, which put its clip window between itself and the graph.
+// A graph directly below a shell has no grandparent at all.
+Widget GrandparentOf(Widget graph) {
+    Widget parent = XtParent(graph);
+    return parent ? XtParent(parent) : nullptr;
+}
+
+void FixIncrement(Widget bar, int increment) {
+    if (!bar) {
+        return;
+    }
+    int value = 0;
+    int slider_size = 0;
+    int old_increment = 0;
+    int page_increment = 0;
+    XmScrollBarGetValues(bar, &value, &slider_size, &old_increment, &page_increment);
+    XmScrollBarSetValues(bar, value, slider_size, increment, page_increment, True);
+}
+
+void ForEachScrollCallback(Widget bar, Widget graph,
+                           void (*change)(Widget, const char *, XtCallbackProc, XtPointer)) {
+    for (const char *name : scroll_callbacks) {
+        change(bar, name, GraphScrolled, graph);
+    }
+}
+
+// ---- Extent -------------------------------------------------------------------------------------
+
+// The children that count: rectangles other than the super-root and the dying.
+template <typename Visit>
+void ForEachLivingNode(Widget graph, Visit visit) {
+    auto children = Children(graph);
+    if (children.empty()) {
+        return;
+    }
+    for (Widget child : children.subspan(1)) {
+        if (NodeOf(child) && !IsBeingDestroyed(child)) {
+            visit(child);
+        }
+    }
+}
+
+int RightOf(Widget child) {
+    return child->core.x + child->core.width + 2 * child->core.border_width;
+}
+
+int BottomOf(Widget child) {
+    return child->core.y + child->core.height + 2 * child->core.border_width;
+}
+
+// Nodes left or above of the origin pull all nodes to it. Never the other way.
+bool PullToOrigin(Widget graph) {
+    int left = 0;
+    int top = 0;
+    ForEachLivingNode(graph, [&](Widget child) {
+        left = std::min<int>(left, child->core.x);
+        top = std::min<int>(top, child->core.y);
+    });
+    if (left == 0 && top == 0) {
+        return false;
+    }
+    XmGraphMoveAll(graph, -left, -top);
+    return true;
+}
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
+
+Size NeededSize(Widget w) {
+    const auto &graph = GraphOf(w);
+    Size need;
+    ForEachLivingNode(w, [&](Widget child) {
+        need.width = std::max(need.width, RightOf(child));
+        need.height = std::max(need.height, BottomOf(child));
+    });
+    if (graph.in_scrolled_window) {
+        need.width = std::max<int>(need.width, graph.clip_width);
+        need.height = std::max<int>(need.height, graph.clip_height);
+    }
+    // Managers grant a size of 0, and the server refuses it.
+    return {std::max(need.width, 1), std::max(need.height, 1)};
+}
+
+bool Fits(Widget w, const Size &need) {
+    const int width = w->core.width;
+    const int height = w->core.height;
+    return need.width <= width && need.height <= height && need.width >= width - slack &&
+           need.height >= height - slack;
+}
+
+XtGeometryResult RequestSize(Widget w, const Size &size) {
+    Dimension width = 0;
+    Dimension height = 0;
+    XtGeometryResult result = XtMakeResizeRequest(w, CutToDimension(size.width),
+                                                  CutToDimension(size.height), &width, &height);
+    if (result == XtGeometryAlmost) {
+        result = XtMakeResizeRequest(w, width, height, nullptr, nullptr);
+    }
+    return result;
+}
+
+void TellTooBig(Widget w) {
+    XmGraphCallbackStruct call_data{};
+    call_data.reason = XmCR_SIZE_CHANGED;
+    call_data.widget = w;
+    XtCallCallbacks(w, XmNgraphTooBigCallback, &call_data);
+}
+
+// Asks for what the nodes need. True if the graph got another size.
+bool FitToNodes(Widget w) {
+    const Size need = NeededSize(w);
+    if (Fits(w, need)) {
+        return false;
+    }
+    const Size wanted = {std::min(need.width, largest_size), std::min(need.height, largest_size)};
+    if (need.width > largest_size || need.height > largest_size) {
+        Watch watch(w);
+        TellTooBig(w);
+        if (watch.Died()) {
+            return false;
+        }
+    }
+    return RequestSize(w, wanted) != XtGeometryNo;
+}
+
+void GrowToClip(Widget w) {
+    const auto &graph = GraphOf(w);
+    if (graph.clip_width > w->core.width || graph.clip_height > w->core.height) {
+        RequestSize(w, {std::max(w->core.width, graph.clip_width),
+                        std::max(w->core.height, graph.clip_height)});
+    }
+}
+
+void DestroySWCallback(Widget, XtPointer scrolled, XtPointer) {
+    auto window = static_cast<Widget>(scrolled);
+    Widget clip = ResourceOf<Widget>(window, XmNclipWindow, nullptr);
+    if (clip) {
+        XtDestroyWidget(clip);
+    }
+    XtDestroyWidget(window);
+}
+
+} // namespace
+
+namespace corvidlmw::graph {
+
+// ---- Attaching to a scrolled window ---------------------------------------------------------------
+
+// At creation the parent is still the scrolled window itself.
+void AttachToScrolledWindow(Widget w) {
+    auto &graph = GraphOf(w);
+    Widget parent = XtParent(w);
+    if (!XmIsScrolledWindow(parent)) {
+        return;
+    }
+    graph.in_scrolled_window = True;
+    if (Widget clip = ResourceOf<Widget>(parent, XmNclipWindow, nullptr)) {
+        XtAddCallback(clip, XmNresizeCallback, ResizeClipArea, w);
+        graph.clip_width = clip->core.width;
+        graph.clip_height = clip->core.height;
+    }
+    const ScrollBars bars = BarsOf(parent);
+    if (bars.horizontal) {
+        ForEachScrollCallback(bars.horizontal, w, XtAddCallback);
+        graph.scrollbar_thickness = CutToPosition(bars.horizontal->core.height);
+    }
+    if (bars.vertical) {
+        ForEachScrollCallback(bars.vertical, w, XtAddCallback);
+        graph.scrollbar_thickness =
+            std::max(graph.scrollbar_thickness, CutToPosition(bars.vertical->core.width));
+    }
+}
+
+// The scrolled window may outlive the graph, so its parts must forget it.
+void DetachFromScrolledWindow(Widget w) {
+    Widget parent = XtParent(w);
+    if (XmIsDrawingArea(parent)) {
+        XtRemoveCallback(parent, XmNresizeCallback, ResizeClipArea, w);
+    }
+    if (!GraphOf(w).in_scrolled_window) {
+        return;
+    }
+    Widget scrolled = XmIsScrolledWindow(parent) ? parent : XtParent(parent);
+    const ScrollBars bars = BarsOf(scrolled);
+    for (Widget bar : {bars.horizontal, bars.vertical}) {
+        if (bar) {
+            ForEachScrollCallback(bar, w, XtRemoveCallback);
+        }
+    }
+}
+
+// ---- Geometry methods -------------------------------------------------------------------------------
+
+void GraphResize(Widget w) {
+    auto &graph = GraphOf(w);
+    if (!graph.in_scrolled_window) {
+        return;
+    }
+    Widget clip = XtParent(w);
+    if (XmIsScrolledWindow(clip)) {
+        clip = ResourceOf<Widget>(clip, XmNclipWindow, nullptr);
+    }
+    graph.clip_width = clip ? clip->core.width : w->core.width;
+    graph.clip_height = clip ? clip->core.height : w->core.height;
+    _XmGraphFixScrollBarInc(w);
+}
+
+// The size does not follow here: that comes with a layout or a move.
+void GraphChangeManaged(Widget w) {
+    Watch watch(w);
+    if (GraphOf(w).auto_layout_mode == XmALWAYS) {
+        LayoutNow(w);
+        if (watch.Died()) {
+            return;
+        }
+    }
+    ApplyEditMode(w, Children(w));
+    XmeNavigChangeManaged(w);
+    if (HasWindow(w)) {
+        ClearGraph(w);
+        CallGraphChanged(w, XmCR_LAYOUT_CHANGED);
+    }
+}
+
+// The graph refuses nothing. An arc has no rectangle: the toolkit stores what it asked for.
+XtGeometryResult GraphGeometryManager(Widget child, XtWidgetGeometry *request, XtWidgetGeometry *) {
+    const XtGeometryMask mode = request->request_mode;
+    if ((mode & XtCWQueryOnly) || mode == 0 || !NodeOf(child)) {
+        return XtGeometryYes;
+    }
+    const Position x = mode & CWX ? request->x : child->core.x;
+    const Position y = mode & CWY ? request->y : child->core.y;
+    const Dimension width = mode & CWWidth ? request->width : child->core.width;
+    const Dimension height = mode & CWHeight ? request->height : child->core.height;
+    const Dimension border =
+        mode & CWBorderWidth ? request->border_width : child->core.border_width;
+    XmGraphMoveNode(XtParent(child), child, x, y);
+    XmeConfigureObject(child, x, y, width, height, border);
+    return XtGeometryDone;
+}
+
+XtGeometryResult GraphQueryGeometry(Widget w, XtWidgetGeometry *intended,
+                                    XtWidgetGeometry *preferred) {
+    const XtGeometryMask mode = intended->request_mode;
+    if (mode & ~static_cast<XtGeometryMask>(CWWidth | CWHeight)) {
+        return XtGeometryYes;
+    }
+    int width = mode & CWWidth ? intended->width : 0;
+    int height = mode & CWHeight ? intended->height : 0;
+    for (Widget child : Children(w)) {
+        if (NodeOf(child)) {
+            width = std::max(width, RightOf(child));
+            height = std::max(height, BottomOf(child));
+        }
+    }
+    preferred->width = CutToDimension(std::max<int>(width, w->core.width));
+    preferred->height = CutToDimension(std::max<int>(height, w->core.height));
+    const bool wider = (mode & CWWidth) && width != intended->width;
+    const bool taller = (mode & CWHeight) && height != intended->height;
+    if (mode == 0 || wider || taller) {
+        preferred->request_mode = CWWidth | CWHeight;
+    } else {
+        preferred->request_mode = mode & CWWidth ? CWHeight : CWWidth;
+    }
+    return XtGeometryAlmost;
+}
+
+// ---- Clip window and scroll bars -------------------------------------------------------------------------
+
+// A change smaller than the room that the scroll bars take asks for no new size.
+void ResizeClipArea(Widget clip, XtPointer client_data, XtPointer) {
+    auto w = static_cast<Widget>(client_data);
+    auto &graph = GraphOf(w);
+    if (IsBeingDestroyed(w)) {
+        return;
+    }
+    const int width_change = std::abs(clip->core.width - graph.clip_width);
+    const int height_change = std::abs(clip->core.height - graph.clip_height);
+    graph.clip_width = clip->core.width;
+    graph.clip_height = clip->core.height;
+    if (graph.cover_window != None) {
+        XResizeWindow(XtDisplay(w), graph.cover_window, std::max<Dimension>(graph.clip_width, 1),
+                      std::max<Dimension>(graph.clip_height, 1));
+    }
+    Widget scrolled = XtParent(clip);
+    Watch watch(w);
+    if (width_change > scrolled->core.width - clip->core.width ||
+        height_change > scrolled->core.height - clip->core.height) {
+        _XmGraphAdjustSize(w);
+    }
+    if (!watch.Died()) {
+        XmUpdateDisplay(w);
+    }
+    if (!watch.Died()) {
+        CallGraphChanged(w, XmCR_SIZE_CHANGED);
+    }
+    if (!watch.Died()) {
+        _XmGraphFixScrollBarInc(w);
+    }
+}
+
+void GraphScrolled(Widget, XtPointer client_data, XtPointer) {
+    CallGraphChanged(static_cast<Widget>(client_data), XmCR_GRAPH_SCROLLED);
+}
+
+} // namespace corvidlmw::graph
+
+// ---- Public functions ---------------------------------------------------------------------------------------
+
+extern "C" {
+
+void _XmGraphAdjustSize(Widget w) {
+    auto &graph = GraphOf(w);
+    if (!graph.adjust_size) {
+        GrowToClip(w);
+        return;
+    }
+    Watch watch(w);
+    const bool pulled = PullToOrigin(w);
+    const bool resized = FitToNodes(w);
+    if (watch.Died() || !(pulled || resized)) {
+        return;
+    }
+    _XmGraphFixScrollBarInc(w);
+    if (!watch.Died()) {
+        CallGraphChanged(w, XmCR_SIZE_CHANGED);
+    }
+}
+
+void XmGraphDontAdjustSize(Widget w) {
+    if (w && XmIsGraph(w)) {
+        GraphOf(w).adjust_size = False;
+    }
+}
+
+void XmGraphAdjustSize(Widget w) {
+    if (w && XmIsGraph(w)) {
+        GraphOf(w).adjust_size = True;
+        _XmGraphAdjustSize(w);
+    }
+}
+
+void XmGraphMoveAll(Widget w, int dx, int dy) {
+    if (!w || !XmIsGraph(w)) {
+        return;
+    }
+    for (Widget arc : Arcs(w)) {
+        if (XtIsManaged(arc) && ArcIsInView(w, arc)) {
+            _EraseArc(arc);
+        }
+    }
+    for (Widget child : Children(w)) {
+        if (NodeOf(child)) {
+            _XmMoveObject(child, CutToPosition(child->core.x + dx),
+                          CutToPosition(child->core.y + dy));
+        }
+    }
+    for (Widget arc : Arcs(w)) {
+        DrawArc(arc);
+    }
+}
+
+void _XmGraphFixScrollBarInc(Widget w) {
+    const ScrollBars bars = BarsOf(GrandparentOf(w));
+    const int increment = GraphOf(w).increment;
+    FixIncrement(bars.vertical, increment);
+    FixIncrement(bars.horizontal, increment);
+}
+
+void XmGraphShowCoverWindow(Widget w) {
+    if (!w || !XmIsGraph(w) || GraphOf(w).cover_window == None) {
+        return;
+    }
+    if (++GraphOf(w).cover_count < 2) {
+        XMapRaised(XtDisplay(w), GraphOf(w).cover_window);
+        XFlush(XtDisplay(w));
+    }
+}
+
+void XmGraphHideCoverWindow(Widget w) {
+    if (!w || !XmIsGraph(w) || GraphOf(w).cover_window == None) {
+        return;
+    }
+    auto &graph = GraphOf(w);
+    graph.cover_count = std::max(graph.cover_count - 1, 0);
+    if (graph.cover_count == 0) {
+        XUnmapWindow(XtDisplay(w), graph.cover_window);
+    }
+}
+
+Widget XmCreateScrolledGraph(Widget parent, char *name, ArgList args, Cardinal argcount) {
+    const std::string window_name = std::string(name ? name : "") + "SW";
+    Widget scrolled = XtVaCreateManagedWidget(window_name.c_str(), xmScrolledWindowWidgetClass,
+                                              parent, XmNscrollingPolicy, XmAUTOMATIC,
+                                              XmNvisualPolicy, XmCONSTANT, nullptr);
+    const ScrollBars bars = BarsOf(scrolled);
+    for (Widget bar : {bars.horizontal, bars.vertical}) {
+        if (bar) {
+            XtVaSetValues(bar, XmNincrement, 1, nullptr);
+        }
+    }
+    Widget graph = XtCreateWidget(name, xmGraphWidgetClass, scrolled, args, argcount);
+    XtAddCallback(graph, XmNdestroyCallback, DestroySWCallback, scrolled);
+    return graph;
+}
+
+} // extern "C"

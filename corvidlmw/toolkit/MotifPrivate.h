@@ -1,0 +1,50 @@
+// The toolkit's private entry points, declared here and nowhere else. libXm exports them, but no
+// installed header has them, or has them without C linkage.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+// Two installed headers declare these outside of extern "C"; a declaration with C linkage that
+// comes first mends it.
+extern "C" {
+void _XmDestroyParentCallback(Widget w, XtPointer client_data, XtPointer call_data);
+void _XmPrimitiveEnter(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveLeave(Widget w, XEvent *event, String *params, Cardinal *num_params);
+}
+
+#include <X11/IntrinsicP.h>
+#include <X11/CoreP.h>
+#include <X11/ConstrainP.h>
+#include <X11/StringDefs.h>
+
+#include <Xm/XmP.h>
+#include <Xm/BaseClassP.h>
+#include <Xm/GadgetP.h>
+#include <Xm/ManagerP.h>
+
+extern "C" {
+
+// Actions of the toolkit's manager.
+void _XmManagerEnter(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmManagerFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmManagerFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmManagerHelp(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+// Hands an event to a gadget that wants it, and is sensitive and managed.
+void _XmDispatchGadgetInput(Widget gadget, XEvent *event, Mask mask);
+
+// Moves a widget or gadget, and its drop site with it.
+void _XmMoveObject(Widget w, Position x, Position y);
+
+// The font for `tag`, or the first one. False without a core font, as in a table of Xft fonts.
+Boolean _XmFontListSearch(XmFontList table, XmStringCharSet tag, short *index, XFontStruct **font);
+
+// Internal compound strings: one Free for each Create; the pointers are not comparable.
+_XmString _XmStringCreate(XmString string);
+void _XmStringFree(_XmString string);
+void _XmStringUpdate(XmFontList table, _XmString string);
+void _XmStringExtent(XmFontList table, _XmString string, Dimension *width, Dimension *height);
+void _XmStringDraw(Display *display, Window window, XmFontList table, _XmString string, GC gc,
+                   Position x, Position y, Dimension width, unsigned char alignment,
+                   unsigned char direction, XRectangle *clip);
+}
