@@ -1,5 +1,6 @@
 #include "BrowserWindow.h"
 
+#include <algorithm>
 #include <utility>
 #include <variant>
 
@@ -18,12 +19,20 @@
 namespace graph_browser {
 namespace {
 
-constexpr Spacing compact{24, 6};
+constexpr Spacing compact{80, 6};
 constexpr Spacing normal{40, 30};
-constexpr Spacing wide{80, 60};
+constexpr Spacing wide{140, 60};
 
 // Above this many nodes a graph opens with compact spacing: a window is at most 32767 pixels high.
 constexpr std::size_t many_nodes = 60;
+
+// Labels on arcs want room between the levels.
+Spacing SpacingFor(const Graph &graph) {
+    if (graph.nodes.size() > many_nodes)
+        return compact;
+    const auto labelled = [](const Edge &edge) { return !edge.label.empty(); };
+    return std::any_of(graph.edges.begin(), graph.edges.end(), labelled) ? wide : normal;
+}
 
 std::string Count(std::size_t count, const char *what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
@@ -132,8 +141,8 @@ void BrowserWindow::AddViewMenu() {
 
 void BrowserWindow::Show(const std::string &file, Graph graph) {
     path = file;
-    if (graph.nodes.size() > many_nodes && view->GetSpacing() == normal)
-        view->SetSpacing(compact);
+    if (view->GetSpacing() == normal)
+        view->SetSpacing(SpacingFor(graph));
     mark->Expect(path);
     XtVaSetValues(shell, XmNtitle, ("graph-browser: " + path).c_str(), nullptr);
     view->Show(std::move(graph));

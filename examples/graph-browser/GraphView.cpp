@@ -19,7 +19,7 @@ namespace {
 constexpr int dash_length = 6;
 constexpr int dot_length = 2;
 constexpr Dimension scroll_margin = 20;
-constexpr const char *selected_color = "gold";
+constexpr const char *selected_color = "#2f5f9f";
 
 // ---- Resources -------------------------------------------------------------
 

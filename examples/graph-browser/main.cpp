@@ -64,6 +64,7 @@ char *fallback_resources[] = {
     const_cast<char *>("*graph.background: #f6f5f2"),
     const_cast<char *>("*ClipWindow.background: #f6f5f2"),
     const_cast<char *>("*graph.foreground: black"),
+    const_cast<char *>("*graph.arcDrawMode: position_fixed"),
     const_cast<char *>("*graph*node.background: #e3e9f2"),
     const_cast<char *>("*graph*node.highlightThickness: 1"),
     const_cast<char *>("*graph*node.shadowThickness: 1"),

@@ -180,12 +180,13 @@ TEST_F(BrowserWindowTest, TheViewMenuChangesAndShowsTheWidgetsResources) {
     EXPECT_EQ(Get<Boolean>(Arc(0), XmNmapLabel), True);
     EXPECT_EQ(Get<Boolean>(Arc(1), XmNmapLabel), False) << "it has no label to show";
 
-    window->View().SetSpacing({80, 60});
-    EXPECT_TRUE(IsSet("*Wide"));
+    EXPECT_TRUE(IsSet("*Wide")) << "labels want room";
+    window->View().SetSpacing({80, 6});
+    EXPECT_TRUE(IsSet("*Compact"));
     XtVaSetValues(graph, XmNchildSpacing, 33, nullptr);
     window->View().SetArcDrawMode(XmPOSITION_FIXED);
     window->View().Select(0);
-    EXPECT_FALSE(IsSet("*Wide"));
+    EXPECT_FALSE(IsSet("*Compact"));
     EXPECT_TRUE(IsSet("*Fixed"));
 }
 
