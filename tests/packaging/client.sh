@@ -27,7 +27,7 @@ build_with_cmake() {
 # The server picks a free display, says which, and ends with this script.
 run_on_own_server() {
     local display
-    exec {display_pipe}< <(exec Xvfb -displayfd 1 -screen 0 640x480x24 -nolisten tcp 2>/dev/null)
+    exec {display_pipe}< <(exec Xvfb -displayfd 1 -screen 0 640x480x24 -noreset -nolisten tcp 2>/dev/null)
     local server=$!
     # shellcheck disable=SC2064
     trap "kill $server 2>/dev/null || true" EXIT
