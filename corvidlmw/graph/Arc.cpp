@@ -4,9 +4,11 @@
 // other. A detached arc has neither; there is nothing between. All arcs between the same two nodes,
 // in either direction, share one list of siblings, in the order of attachment.
 //
-// An arc has no window. Realising one still enters it in the toolkit's table of windows, under
-// None, where it is never found and never taken out. So the memory of an arc never becomes anything
-// else: freed records are kept, zeroed, for new arcs only.
+// An arc has no window. Realising one would still enter it in the toolkit's table of windows, under
+// None, where it is never found and never taken out. Two things keep that harmless. VeilArcs keeps
+// the toolkit from realising arcs that are managed in a realised graph, so that the table does not
+// grow with every arc that ever was. And should a client realise one by itself, the memory of an arc
+// never becomes anything else: freed records are kept, zeroed, for new arcs only.
 
 #include <corvidlmw/graph/GraphI.h>
 
@@ -36,6 +38,7 @@ void Initialize(Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 void RealizeStub(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes);
 void Destroy(Widget w);
 Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
+void GetValuesHook(Widget w, ArgList args, Cardinal *num_args);
 
 // ---- Resources ----------------------------------------------------------------------------------
 
@@ -122,7 +125,7 @@ XmArcClassRec xmArcClassRec = {
             .set_values = SetValues,
             .set_values_hook = nullptr,
             .set_values_almost = XtInheritSetValuesAlmost,
-            .get_values_hook = nullptr,
+            .get_values_hook = GetValuesHook,
             .accept_focus = nullptr,
             .version = XtVersion,
             .callback_private = nullptr,
@@ -521,6 +524,15 @@ Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList, Cardina
     return False;
 }
 
+// A client gets a copy of the label, as from the toolkit's own labels.
+void GetValuesHook(Widget w, ArgList args, Cardinal *num_args) {
+    for (const Arg &arg : Span(args, num_args)) {
+        if (std::strcmp(arg.name, XmNlabelString) == 0 && arg.value) {
+            *reinterpret_cast<XmString *>(arg.value) = XmStringCopy(ArcOf(w).label_string);
+        }
+    }
+}
+
 // ---- Siblings -------------------------------------------------------------------------------------------------
 
 // The arcs behind `arc`, which move down one rank when it leaves.
@@ -689,6 +701,41 @@ void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
 void RebuildArcGCs(Widget arc) {
     ReleaseGCs(arc);
     BuildGCs(arc, CapAtCreation::No);
+}
+
+// ---- Realisation ----------------------------------------------------------------------------------
+
+// After a change of the managed set the toolkit realises each new child that has no window yet, right
+// after the graph's change_managed, and then calls the display's change hooks. In between, an arc bears
+// the graph's window and so counts as realised. Nothing is mapped: an arc's mapped_when_managed is
+// kept False. Should an arc be destroyed in between, unmanaging it lifts the veil first.
+static void LiftVeil(Widget, XtPointer client_data, XtPointer) {
+    UnveilArcs(static_cast<Widget>(client_data));
+}
+
+static void SetArcWindows(Widget w, Window window) {
+    for (Widget arc : Arcs(w)) {
+        arc->core.mapped_when_managed = False;
+        arc->core.window = XtIsManaged(arc) ? window : None;
+    }
+}
+
+void VeilArcs(Widget w) {
+    if (!HasWindow(w) || IsBeingDestroyed(w) || Arcs(w).empty()) {
+        return;
+    }
+    SetArcWindows(w, XtWindow(w));
+    StateOf(w).veiled = true;
+    XtAddCallback(XtHooksOfDisplay(XtDisplay(w)), XtNchangeHook, LiftVeil, w);
+}
+
+void UnveilArcs(Widget w) {
+    if (!StateOf(w).veiled) {
+        return;
+    }
+    StateOf(w).veiled = false;
+    SetArcWindows(w, None);
+    XtRemoveCallback(XtHooksOfDisplay(XtDisplay(w)), XtNchangeHook, LiftVeil, w);
 }
 
 // ---- Attaching and detaching ------------------------------------------------------------------------------------------------

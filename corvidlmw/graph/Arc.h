@@ -3,6 +3,9 @@
  * An arc is a windowless child of a graph that joins two of the graph's nodes and draws itself on
  * the graph's window: a straight line, a curve beside parallel arcs, or a loop at one node, with
  * arrow heads and a label where asked.
+ *
+ * XtGetValues of XmNlabelString returns a copy, which the client frees with XmStringFree, as from the
+ * toolkit's own labels; XmNfontList is the arc's own.
  */
 #ifndef CORVIDLMW_GRAPH_ARC_H
 #define CORVIDLMW_GRAPH_ARC_H

@@ -266,14 +266,23 @@ void ForgetObject(Widget w, Widget object) {
 }
 
 void RemoveFromArcs(Widget w, Widget arc) {
+    const unsigned long serial = SerialOf(arc);
     auto arcs = Arcs(w);
-    auto found = std::lower_bound(arcs.begin(), arcs.end(), SerialOf(arc),
+    auto found = std::lower_bound(arcs.begin(), arcs.end(), serial,
                                   [](Widget a, unsigned long s) { return SerialOf(a) < s; });
-    if (found == arcs.end() || *found != arc) {
+    if (found != arcs.end() && *found == arc) {
+        std::copy(found + 1, arcs.end(), found);
+        GraphOf(w).num_arcs -= 1;
         return;
     }
-    std::copy(found + 1, arcs.end(), found);
-    GraphOf(w).num_arcs -= 1;
+    if (auto *taken = StateOf(w).taken_arcs) {
+        auto entry =
+            std::lower_bound(taken->begin(), taken->end(), serial,
+                             [](const TakenArc &t, unsigned long s) { return t.serial < s; });
+        if (entry != taken->end() && entry->arc == arc) {
+            entry->arc = nullptr;
+        }
+    }
 }
 
 } // namespace corvidlmw::graph
@@ -541,6 +550,7 @@ void DestroyCoverWindow(Widget w) {
 void Destroy(Widget w) {
     auto &graph = GraphOf(w);
     Watch::Trip(StateOf(w));
+    UnveilArcs(w);
     DetachFromScrolledWindow(w);
     ForgetButterflyRoot(w);
     DestroyDoomedArcs(w);

@@ -107,13 +107,21 @@ struct DoomedArc {
     XtWorkProcId work_proc;
 };
 
+// An arc that was taken out of `arcs` to be destroyed; zero once it is.
+struct TakenArc {
+    unsigned long serial;
+    Widget arc;
+};
+
 struct GraphState {
     // The indicate cursors that were built here; others belong to a client or a converter.
     Cursor built_cursors[2] = {None, None};
     bool cover_settled = false; // the cover was unmapped after the clip window's realisation
     int layout_depth = 0;
+    bool veiled = false; // see VeilArcs
     unsigned long next_arc_serial = 1;
-    std::vector<DoomedArc> doomed_arcs; // in the order of their work procedures
+    std::vector<DoomedArc> doomed_arcs;          // in the order of their work procedures
+    std::vector<TakenArc> *taken_arcs = nullptr; // while all arcs are being destroyed
     // Nodes whose `tree_children` may name a node that no arc leads to any more.
     std::unordered_set<NodePtr> stale_owners;
     Watch *watches = nullptr;
@@ -185,6 +193,9 @@ Widget FindTwin(Widget arc, NodePtr from, NodePtr to);
 void LeaveSiblings(Widget graph, Widget arc, bool redraw);
 void DestroyDoomedArcs(Widget graph);
 void RebuildArcGCs(Widget arc);
+// Between the two the toolkit takes managed arcs for realised and leaves them alone.
+void VeilArcs(Widget graph);
+void UnveilArcs(Widget graph);
 
 // ---- ArcDrawing.cpp ----------------------------------------------------------------------------------------
 

@@ -250,6 +250,7 @@ void GraphResize(Widget w) {
 // The size does not follow here: that comes with a layout or a move.
 void GraphChangeManaged(Widget w) {
     Watch watch(w);
+    UnveilArcs(w);
     if (GraphOf(w).auto_layout_mode == XmALWAYS) {
         LayoutNow(w);
         if (watch.Died()) {
@@ -261,6 +262,9 @@ void GraphChangeManaged(Widget w) {
     if (HasWindow(w)) {
         ClearGraph(w);
         CallGraphChanged(w, XmCR_LAYOUT_CHANGED);
+    }
+    if (!watch.Died()) {
+        VeilArcs(w);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstdlib>
+#include <utility>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -22,12 +23,35 @@ WidgetList WidgetsOf(const XmGraphNodeList &nodes, int *count) {
     return *count ? reinterpret_cast<WidgetList>(return_widget_list.items) : nullptr;
 }
 
-// Destroys each object of a list that shrinks under the walk.
-void DestroyEach(const std::vector<Widget> &objects) {
-    for (Widget object : objects) {
-        assert(object && XtIsObject(object));
-        XtDestroyWidget(object);
+// Destroys the nodes from `first` on. Inside of a dispatch they stay among the children for now, else
+// they leave at once; a client's callback may destroy others on the way, or add some at the end.
+void DestroyNodes(Widget w, Cardinal first) {
+    Cardinal at = first;
+    for (Cardinal left = NumChildrenOf(w) - first; left > 0 && at < NumChildrenOf(w); left--) {
+        Widget node = ChildrenOf(w)[at];
+        assert(node && XtIsObject(node));
+        if (!IsBeingDestroyed(node)) {
+            XtDestroyWidget(node);
+        }
+        if (at < NumChildrenOf(w) && ChildrenOf(w)[at] == node) {
+            at++;
+        }
     }
+}
+
+// The arcs leave the graph's list before they are destroyed. One that dies early, by a client's
+// callback, leaves a hole here.
+std::vector<TakenArc> TakeArcs(Widget w) {
+    auto &graph = GraphOf(w);
+    std::vector<TakenArc> taken;
+    taken.reserve(Arcs(w).size());
+    for (Widget arc : Arcs(w)) {
+        taken.push_back({SerialOf(arc), arc});
+    }
+    XtFree(reinterpret_cast<char *>(graph.arcs));
+    graph.arcs = nullptr;
+    graph.num_arcs = graph.arcs_size = 0;
+    return taken;
 }
 
 // ---- Moving arcs -----------------------------------------------------------------------------------
@@ -124,12 +148,25 @@ bool Touches(const XmGraphPart &graph, Widget arc, int x, int y) {
 namespace corvidlmw::graph {
 
 void DestroyAllArcs(Widget w) {
-    auto &graph = GraphOf(w);
-    const std::vector<Widget> arcs = Copy(Arcs(w));
+    Watch watch(w);
+    std::vector<Widget> arcs = Copy(Arcs(w));
     if (!arcs.empty()) {
-        XtUnmanageChildren(graph.arcs, static_cast<Cardinal>(graph.num_arcs));
+        XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
     }
-    DestroyEach(arcs);
+    if (watch.Died()) {
+        return;
+    }
+    std::vector<TakenArc> taken = TakeArcs(w);
+    auto *outer = std::exchange(StateOf(w).taken_arcs, &taken);
+    for (const TakenArc &entry : taken) {
+        if (entry.arc && !watch.Died()) {
+            assert(XtIsObject(entry.arc));
+            XtDestroyWidget(entry.arc);
+        }
+    }
+    if (!watch.Died()) {
+        StateOf(w).taken_arcs = outer;
+    }
 }
 
 } // namespace corvidlmw::graph
@@ -213,9 +250,12 @@ void XmGraphDestroyAllNodes(Widget w) {
         NumChildrenOf(w) < 2) {
         return;
     }
-    const std::vector<Widget> nodes = Copy(Children(w).subspan(1));
-    XtUnmanageChildren(ChildrenOf(w) + 1, NumChildrenOf(w) - 1);
-    DestroyEach(nodes);
+    Watch watch(w);
+    std::vector<Widget> nodes = Copy(Children(w).subspan(1));
+    XtUnmanageChildren(nodes.data(), static_cast<Cardinal>(nodes.size()));
+    if (!watch.Died()) {
+        DestroyNodes(w, 1);
+    }
 }
 
 // ---- Changes ---------------------------------------------------------------------------------------------
