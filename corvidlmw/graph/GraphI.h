@@ -179,13 +179,16 @@ GC BuildPlainGC(Widget graph, Pixel foreground);
 GC BuildXorGC(Widget graph);
 GC BuildOverviewGC(Widget graph, Pixel color);
 
-// ---- Arc.cpp --------------------------------------------------------------------------------------------
+// ---- Arc.cpp, ArcLinks.cpp --------------------------------------------------------------------------------------------
 
 void destroy_arc_callback(Widget arc, XtPointer client_data, XtPointer call_data);
 void destroy_node_callback(Widget node, XtPointer graph, XtPointer call_data);
 Widget CreateArcInternal(Widget graph, char *name, NodePtr from, NodePtr to, ArgList args,
                          Cardinal num_args);
 void DoRemoveArc(Widget graph, Widget arc);
+inline void Detach(XmArcPart &part) {
+    part.to = part.from = nullptr;
+}
 void MakeSiblings(Widget existing, Widget arc);
 // The arc that a new arc from `from` to `to` stands beside, or NULL.
 Widget FindTwin(Widget arc, NodePtr from, NodePtr to);

@@ -1,0 +1,309 @@
+// How arcs and nodes hold each other: attaching and detaching, the lists of parallel arcs, and what is
+// left to do when one of them dies.
+//
+// An attached arc has both ends set and stands in the `from_arcs` of one node and the `to_arcs` of the
+// other. A detached arc has neither; there is nothing between. All arcs between the same two nodes,
+// in either direction, share one list of siblings, in the order of attachment.
+
+#include <corvidlmw/graph/GraphI.h>
+
+#include <algorithm>
+#include <cassert>
+
+using namespace corvidlmw;
+using namespace corvidlmw::graph;
+
+namespace {
+
+// ---- Siblings -------------------------------------------------------------------------------------------------
+
+// The arcs behind `arc`, which move down one rank when it leaves.
+std::vector<Widget> ArcsBehind(Widget arc) {
+    const auto &part = ArcOf(arc);
+    auto siblings = Widgets(*part.siblings);
+    const auto first = static_cast<std::size_t>(_sibling_rank(arc)) + 1;
+    std::vector<Widget> behind;
+    for (Widget sibling : siblings.subspan(std::min(first, siblings.size()))) {
+        if (sibling != arc) {
+            behind.push_back(sibling);
+        }
+    }
+    return behind;
+}
+
+void LeaveSiblingList(XmArcPart &part, Widget arc) {
+    XmGraphNodeList *list = part.siblings;
+    if (list->count == 2) {
+        for (Widget sibling : Widgets(*list)) {
+            ArcOf(sibling).siblings = nullptr;
+        }
+        _XmGraphNodeListFree(list);
+        XtFree(reinterpret_cast<char *>(list));
+    } else {
+        _XmGraphNodeListRemove(list, arc);
+    }
+    part.siblings = nullptr;
+}
+
+// ---- Nodes' lists -----------------------------------------------------------------------------------------------
+
+// An arc from `from` to `to` other than `arc`, looked for where there are fewer. Which one does not
+// matter: all of them share one list of siblings.
+Widget FindArc(Widget arc, NodePtr from, NodePtr to) {
+    const bool forward = from->from_arcs.count <= to->to_arcs.count;
+    for (Widget other : Widgets(forward ? from->from_arcs : to->to_arcs)) {
+        const auto &part = ArcOf(other);
+        if (other != arc && part.from == from->widget && part.to == to->widget) {
+            return other;
+        }
+    }
+    return nullptr;
+}
+
+// Each neighbour stands once in `children`, `tree_children` and `parents`. A node that no arc led to is in
+// none of them, unless an arc went and left its entry in `tree_children`.
+void LinkNeighbours(Widget graph, NodePtr from, NodePtr to, bool had_arc) {
+    const bool may_be_there = had_arc || StateOf(graph).stale_owners.contains(from);
+    auto insert = may_be_there ? _XmGraphNodeListInsertNoDuplicates : _XmGraphNodeListInsert;
+    insert(graph, &from->children, to);
+    insert(graph, &from->tree_children, to);
+    insert(graph, &to->parents, from);
+}
+
+// The tree edge goes with its arc; an entry that was no tree edge stays where it is in the order.
+void UnlinkNeighbours(Widget graph, NodePtr from, NodePtr to) {
+    _XmGraphNodeListRemove(&from->children, to);
+    if (to->tree_parent == from) {
+        _XmGraphNodeListRemove(&from->tree_children, to);
+        to->tree_parent = nullptr;
+    } else {
+        StateOf(graph).stale_owners.insert(from);
+    }
+    _XmGraphNodeListRemove(&to->parents, from);
+}
+
+Boolean reallyDestroyArc(XtPointer client_data) {
+    auto arc = static_cast<Widget>(client_data);
+    auto &doomed = StateOf(XtParent(arc)).doomed_arcs;
+    std::erase_if(doomed, [&](const DoomedArc &d) { return d.arc == arc; });
+    XtDestroyWidget(arc);
+    return True;
+}
+
+// ---- Death of a node -------------------------------------------------------------------------------------------------
+
+// The toolkit is in the middle of a destruction, so the arc goes later, unless the graph goes too.
+void Doom(Widget graph, Widget arc) {
+    if (IsBeingDestroyed(graph)) {
+        XtDestroyWidget(arc);
+    } else if (!IsBeingDestroyed(arc)) {
+        const XtWorkProcId work_proc =
+            XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc);
+        StateOf(graph).doomed_arcs.push_back({arc, work_proc});
+    }
+}
+
+// Unmanaging calls the client, who may destroy arcs of the list: what is left is asked for anew.
+void DropArcs(Widget graph, XmGraphNodeList &list) {
+    if (list.count == 0) {
+        return;
+    }
+    std::vector<Widget> arcs = Copy(Widgets(list));
+    XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
+    while (list.count > 0) {
+        Widget arc = Widgets(list).front();
+        assert(arc);
+        XtRemoveCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
+        DoRemoveArc(graph, arc);
+        _XmGraphNodeListRemove(&list, arc);
+        RemoveFromArcs(graph, arc);
+        ForgetObject(graph, arc);
+        Doom(graph, arc);
+    }
+}
+
+// No list of another node may name it once its record is freed.
+void LeaveForest(Widget graph, NodePtr node) {
+    for (Widget arc : Widgets(node->to_arcs)) {
+        if (NodePtr from = NodeIn(graph, ArcOf(arc).from)) {
+            _XmGraphNodeListRemove(&from->tree_children, node);
+        }
+    }
+    auto &stale = StateOf(graph).stale_owners;
+    for (NodePtr owner : stale) {
+        _XmGraphNodeListRemove(&owner->tree_children, node);
+    }
+    stale.erase(node);
+}
+
+} // namespace
+
+namespace corvidlmw::graph {
+
+// ---- Siblings ------------------------------------------------------------------------------------------------------------
+
+void MakeSiblings(Widget existing, Widget arc) {
+    auto &part = ArcOf(existing);
+    if (!part.siblings) {
+        part.siblings = reinterpret_cast<XmGraphNodeList *>(XtCalloc(1, sizeof(XmGraphNodeList)));
+        AppendArc(*part.siblings, existing);
+    }
+    if (!_XmGraphNodeListMember(part.siblings, arc)) {
+        AppendArc(*part.siblings, arc);
+    }
+    ArcOf(arc).siblings = part.siblings;
+}
+
+// An arc in the opposite direction counts as a twin too.
+Widget FindTwin(Widget arc, NodePtr from, NodePtr to) {
+    Widget twin = FindArc(arc, from, to);
+    return twin ? twin : FindArc(arc, to, from);
+}
+
+void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
+    auto &part = ArcOf(arc);
+    if (!part.siblings) {
+        return;
+    }
+    std::vector<Widget> behind;
+    if (redraw) {
+        behind = ArcsBehind(arc);
+    }
+    for (Widget sibling : behind) {
+        if (ArcIsInView(graph, sibling)) {
+            _EraseArc(sibling);
+        }
+    }
+    LeaveSiblingList(part, arc);
+    for (Widget sibling : behind) {
+        DrawArc(sibling);
+    }
+}
+
+// ---- Attaching and detaching ------------------------------------------------------------------------------------------------
+
+// The gesture's way to make an arc: the nodes' lists of neighbours are left to the caller.
+Widget CreateArcInternal(Widget graph, char *name, NodePtr from, NodePtr to, ArgList args,
+                         Cardinal num_args) {
+    Widget arc = XtCreateWidget(name, xmArcWidgetClass, graph, args, num_args);
+    auto &part = ArcOf(arc);
+    part.from = from->widget;
+    part.to = to->widget;
+    if (Widget twin = FindTwin(arc, from, to)) {
+        MakeSiblings(twin, arc);
+    }
+    AppendArc(from->from_arcs, arc);
+    AppendArc(to->to_arcs, arc);
+    return arc;
+}
+
+// In a graph that is going down nothing is drawn. An arc that is being destroyed itself is not in view
+// either: the graph repaints when it is unmanaged.
+void DoRemoveArc(Widget w, Widget arc) {
+    if (!arc) {
+        return;
+    }
+    auto &part = ArcOf(arc);
+    const bool redraw = !IsBeingDestroyed(w);
+    if (redraw && ArcIsInView(w, arc)) {
+        _EraseArc(arc);
+    }
+    LeaveSiblings(w, arc, redraw);
+    _XmGraphNodeListRemove(&GraphOf(w).selected_arcs, arc);
+    // A node that is dying has lost its widget, but still has its lists.
+    NodePtr from = part.from ? NodeOf(part.from) : nullptr;
+    NodePtr to = part.to ? NodeOf(part.to) : nullptr;
+    if (from && to) {
+        UnlinkNeighbours(w, from, to);
+    }
+    if (from) {
+        _XmGraphNodeListRemove(&from->from_arcs, arc);
+    }
+    if (to) {
+        _XmGraphNodeListRemove(&to->to_arcs, arc);
+    }
+    Detach(part);
+}
+
+// ---- Deaths ------------------------------------------------------------------------------------------------------------------------
+
+void destroy_arc_callback(Widget arc, XtPointer, XtPointer) {
+    Widget graph = XtParent(arc);
+    DoRemoveArc(graph, arc);
+    ForgetObject(graph, arc);
+}
+
+void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
+    auto graph_widget = static_cast<Widget>(client_data);
+    NodePtr node = XtIsRectObj(w) ? NodeOf(w) : nullptr;
+    if (!node) {
+        return;
+    }
+    auto &graph = GraphOf(graph_widget);
+    if (!IsBeingDestroyed(graph_widget)) {
+        LeaveForest(graph_widget, node);
+    }
+    DropArcs(graph_widget, node->from_arcs);
+    DropArcs(graph_widget, node->to_arcs);
+    StateOf(graph_widget).stale_owners.erase(node);
+    ForgetObject(graph_widget, w);
+    _XmGraphNodeListRemove(&graph.selected_nodes, node);
+    _XmGraphNodeListRemove(&graph.user_roots, node);
+    _XmGraphNodeListRemove(&subgraph_nodes, node);
+    node->widget = nullptr;
+    node->tree_parent = nullptr;
+    node->tree_children.count = 0;
+}
+
+// The latest first: the toolkit keeps the work procedures in that order.
+void DestroyDoomedArcs(Widget graph) {
+    auto &doomed = StateOf(graph).doomed_arcs;
+    while (!doomed.empty()) {
+        const DoomedArc last = doomed.back();
+        doomed.pop_back();
+        XtRemoveWorkProc(last.work_proc);
+        XtDestroyWidget(last.arc);
+    }
+}
+
+} // namespace corvidlmw::graph
+
+// ---- Exported functions ---------------------------------------------------------------------
+
+extern "C" {
+
+// Ends that are no living nodes of this graph leave the arc detached.
+void _SetupArcInternal(Widget graph, Widget arc) {
+    auto &part = ArcOf(arc);
+    NodePtr from = NodeIn(graph, part.from);
+    NodePtr to = NodeIn(graph, part.to);
+    if (!from || !to) {
+        Detach(part);
+        return;
+    }
+    Widget same_way = FindArc(arc, from, to);
+    Widget twin = same_way ? same_way : FindArc(arc, to, from);
+    if (twin) {
+        MakeSiblings(twin, arc);
+    }
+    AppendArc(from->from_arcs, arc);
+    AppendArc(to->to_arcs, arc);
+    LinkNeighbours(graph, from, to, same_way != nullptr);
+}
+
+int _sibling_rank(Widget arc) {
+    const auto &part = ArcOf(arc);
+    if (!part.siblings || GraphOf(XtParent(arc)).twins_visible != True) {
+        return 0;
+    }
+    int rank = 0;
+    for (Widget sibling : Widgets(*part.siblings)) {
+        if (sibling == arc) {
+            break;
+        }
+        rank += IsBeingDestroyed(sibling) ? 0 : 1;
+    }
+    return rank;
+}
+
+} // extern "C"
