@@ -65,6 +65,18 @@ BrowserWindow::BrowserWindow(Widget of_shell) : shell(of_shell) {
     XtVaSetValues(main_window, XmNmenuBar, menu_bar, XmNworkWindow,
                   XtParent(XtParent(view->GraphWidget())), XmNmessageWindow, status, nullptr);
     mark = std::make_unique<ShownMark>(shell, view->GraphWidget());
+    // Closing the window is quitting: nothing of the toolkit's may end the program on the way.
+    XtVaSetValues(shell, XmNdeleteResponse, XmDO_NOTHING, nullptr);
+    XmAddWMProtocolCallback(shell, XmInternAtom(XtDisplay(shell), Name("WM_DELETE_WINDOW"), False),
+                            CloseWindow, this);
+}
+
+void BrowserWindow::Quit() {
+    XtAppSetExitFlag(XtWidgetToApplicationContext(shell));
+}
+
+void BrowserWindow::CloseWindow(Widget, XtPointer window, XtPointer) {
+    static_cast<BrowserWindow *>(window)->Quit();
 }
 
 // ---- Menus -----------------------------------------------------------------

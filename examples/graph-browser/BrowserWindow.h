@@ -28,8 +28,10 @@ public:
 
 private:
     static void FileChosen(Widget dialog, XtPointer window, XtPointer call_data);
+    static void CloseWindow(Widget, XtPointer window, XtPointer);
     static void CloseDialog(Widget dialog, XtPointer, XtPointer);
 
+    void Quit();
     void AddFileMenu();
     void AddViewMenu();
     void ShowOpenDialog();

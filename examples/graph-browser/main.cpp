@@ -91,6 +91,26 @@ String SetLocale(Display *, String, XtPointer) {
     return std::setlocale(LC_CTYPE, nullptr);
 }
 
+// The window object outlives its widgets, which call it.
+ExitStatus ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Graph graph) {
+    Options options{};
+    XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
+                              nullptr, 0);
+    BrowserWindow window{shell};
+    window.View().SetArcLabels(options.arc_labels != False);
+    window.Show(file, std::move(graph));
+    const bool found = !options.selected || window.View().SelectByName(options.selected);
+    if (found) {
+        XtRealizeWidget(shell);
+        window.View().ScrollToSelected();
+        XtAppMainLoop(app);
+    } else {
+        std::cerr << "graph-browser: " << file << ": no node " << options.selected << '\n';
+    }
+    XtDestroyWidget(shell);
+    return found ? ok : bad_usage;
+}
+
 int Run(int argc, char **argv, const std::string &file, Graph graph) {
     XtSetLanguageProc(nullptr, SetLocale, nullptr);
     XtAppContext app = nullptr;
@@ -101,21 +121,9 @@ int Run(int argc, char **argv, const std::string &file, Graph graph) {
         std::cerr << "graph-browser: " << argv[1] << ": unknown option\n" << usage;
         return bad_usage;
     }
-    Options options{};
-    XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
-                              nullptr, 0);
-    BrowserWindow window{shell};
-    window.View().SetArcLabels(options.arc_labels != False);
-    window.Show(file, std::move(graph));
-    if (options.selected && !window.View().SelectByName(options.selected)) {
-        std::cerr << "graph-browser: " << file << ": no node " << options.selected << '\n';
-        return bad_usage;
-    }
-    XtRealizeWidget(shell);
-    window.View().ScrollToSelected();
-    XtAppMainLoop(app);
+    const ExitStatus status = ShowUntilQuit(app, shell, file, std::move(graph));
     XtDestroyApplicationContext(app);
-    return ok;
+    return status;
 }
 
 } // namespace

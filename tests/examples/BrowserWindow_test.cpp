@@ -204,6 +204,20 @@ TEST_F(BrowserWindowTest, AFileThatCannotBeReadLeavesTheGraphStanding) {
     EXPECT_TRUE(StatusHas("selected: son"));
 }
 
+TEST_F(BrowserWindowTest, ClosingTheWindowQuits) {
+    XEvent close{};
+    close.xclient.type = ClientMessage;
+    close.xclient.window = XtWindow(shell);
+    close.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    close.xclient.format = 32;
+    close.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    EXPECT_FALSE(XtAppGetExitFlag(app));
+    XSendEvent(display, XtWindow(shell), False, NoEventMask, &close);
+    Pump();
+    EXPECT_TRUE(XtAppGetExitFlag(app));
+    EXPECT_EQ(XmGraphNumNodes(graph), 6) << "the widgets die later";
+}
+
 TEST_F(BrowserWindowTest, AnotherFileTakesTheWholePlace) {
     ClickNode("son");
     window->Open(File("two.dot", "graph { rankdir=TB; one -- two; one -- one }"));
