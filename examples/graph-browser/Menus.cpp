@@ -53,7 +53,8 @@ void Menus::AddEntry(Widget parent, WidgetClass kind, MenuItem item, bool radio)
     }
     const bool toggle = static_cast<bool>(entry.item.is_set);
     if (toggle)
-        XtVaSetValues(entry.widget, XmNindicatorType, radio ? XmONE_OF_MANY : XmN_OF_MANY,
+        XtVaSetValues(entry.widget, XmNindicatorType, radio ? XmONE_OF_MANY_ROUND : XmN_OF_MANY,
+                      XmNindicatorOn, radio ? XmINDICATOR_FILL : XmINDICATOR_CHECK_BOX,
                       XmNvisibleWhenOff, True, nullptr);
     XtAddCallback(entry.widget, toggle ? XmNvalueChangedCallback : XmNactivateCallback, Chosen,
                   &entry);

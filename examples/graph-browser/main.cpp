@@ -72,6 +72,7 @@ char *fallback_resources[] = {
     const_cast<char *>("*graph*node.marginHeight: 2"),
     const_cast<char *>("*graph*arc.foreground: #404040"),
     const_cast<char *>("*status.marginWidth: 6"),
+    const_cast<char *>("*indicatorSize: 12"),
     const_cast<char *>("*buttonRenderTable: text"),
     const_cast<char *>("*labelRenderTable: text"),
     const_cast<char *>("*textRenderTable: text"),

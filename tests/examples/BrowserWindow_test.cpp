@@ -94,6 +94,19 @@ protected:
         RunWorkProcs();
     }
 
+    // By the Open dialog.
+    void Choose(const std::string &file) {
+        Type(XK_o);
+        const Widget dialog = XtNameToWidget(shell, "*openDialog");
+        ASSERT_NE(dialog, nullptr);
+        XmString name = XmStringCreateLocalized(const_cast<char *>(file.c_str()));
+        XtVaSetValues(dialog, XmNdirSpec, name, nullptr);
+        XmStringFree(name);
+        Click(XtNameToWidget(dialog, "OK"), 5, 5);
+        RunWorkProcs();
+        EXPECT_FALSE(XtIsManaged(dialog));
+    }
+
     void Type(KeySym key) {
         Key(key, ControlMask);
         RunWorkProcs();
@@ -193,8 +206,7 @@ TEST_F(BrowserWindowTest, TheViewMenuChangesAndShowsTheWidgetsResources) {
 TEST_F(BrowserWindowTest, AFileThatCannotBeReadLeavesTheGraphStanding) {
     ClickNode("son");
     const std::string bad = File("bad.dot", "digraph {\n a -> }\n");
-    window->Open(bad);
-    RunWorkProcs();
+    Choose(bad);
     const Widget dialog = XtNameToWidget(shell, "*errorDialog");
     ASSERT_NE(dialog, nullptr);
     EXPECT_TRUE(XtIsManaged(dialog));
@@ -220,8 +232,7 @@ TEST_F(BrowserWindowTest, ClosingTheWindowQuits) {
 
 TEST_F(BrowserWindowTest, AnotherFileTakesTheWholePlace) {
     ClickNode("son");
-    window->Open(File("two.dot", "graph { rankdir=TB; one -- two; one -- one }"));
-    RunWorkProcs();
+    Choose(File("two.dot", "graph { rankdir=TB; one -- two; one -- one }"));
     EXPECT_EQ(XmGraphNumNodes(graph), 2);
     EXPECT_EQ(XmGraphNumArcs(graph), 2);
     EXPECT_EQ(Get<unsigned char>(graph, XmNorientation), XmVERTICAL);
