@@ -251,6 +251,8 @@ void ClearGraph(Widget graph); // the whole window, with exposures
 // Gives the children the input that the graph's edit mode leaves them. A mode that a window has
 // already is not applied again.
 void ApplyEditMode(Widget graph, std::span<Widget> children);
+// The same for what has come into the children that have it already.
+void ApplyEditModeAgain(Widget graph);
 void FreeEditState(NodePtr node);
 
 // ---- Structure.cpp, Viewport.cpp, SelectGestures.cpp ----------------------------------------------------------------

@@ -321,6 +321,18 @@ void ClearGraph(Widget w) {
     ClearWindow(w);
 }
 
+// A child whose window is new is left to its CreateNotify: of children managed one by one each would
+// wait for the server here.
+void ApplyEditModeAgain(Widget graph) {
+    std::vector<Widget> known;
+    for (Widget child : Children(graph)) {
+        if (ConstraintOf(child).event_mask != NoEventMask) {
+            known.push_back(child);
+        }
+    }
+    ApplyEditMode(graph, known);
+}
+
 // The server is asked for all windows at once, so that the whole batch waits for one reply time.
 void ApplyEditMode(Widget graph, std::span<Widget> children) {
     const std::vector<Masking> work = CollectWork(graph, children);

@@ -257,7 +257,7 @@ void GraphChangeManaged(Widget w) {
             return;
         }
     }
-    ApplyEditMode(w, Children(w));
+    ApplyEditModeAgain(w);
     XmeNavigChangeManaged(w);
     if (HasWindow(w)) {
         ClearGraph(w);
