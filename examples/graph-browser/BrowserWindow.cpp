@@ -15,13 +15,10 @@
 
 #include "DotReader.h"
 #include "Text.h"
+#include "ViewMenu.h"
 
 namespace graph_browser {
 namespace {
-
-constexpr Spacing compact{80, 6};
-constexpr Spacing normal{40, 30};
-constexpr Spacing wide{140, 60};
 
 // Above this many nodes a graph opens with compact spacing: a window is at most 32767 pixels high.
 constexpr std::size_t many_nodes = 60;
@@ -29,9 +26,10 @@ constexpr std::size_t many_nodes = 60;
 // Labels on arcs want room between the levels.
 Spacing SpacingFor(const Graph &graph) {
     if (graph.nodes.size() > many_nodes)
-        return compact;
+        return compact_spacing;
     const auto labelled = [](const Edge &edge) { return !edge.label.empty(); };
-    return std::any_of(graph.edges.begin(), graph.edges.end(), labelled) ? wide : normal;
+    return std::any_of(graph.edges.begin(), graph.edges.end(), labelled) ? wide_spacing
+                                                                         : normal_spacing;
 }
 
 std::string Count(std::size_t count, const char *what) {
@@ -59,7 +57,7 @@ BrowserWindow::BrowserWindow(Widget of_shell) : shell(of_shell) {
                                      nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING, nullptr);
     menus = std::make_unique<Menus>(menu_bar);
     AddFileMenu();
-    AddViewMenu();
+    AddViewMenu(*menus, *view);
     XtManageChild(menu_bar);
     // The scrolled window stands around the graph's clip window.
     XtVaSetValues(main_window, XmNmenuBar, menu_bar, XmNworkWindow,
@@ -83,77 +81,16 @@ void BrowserWindow::CloseWindow(Widget, XtPointer window, XtPointer) {
 
 void BrowserWindow::AddFileMenu() {
     menus->AddMenu("File", 'F');
-    menus->AddCommand(
-        {"Open...", 'O', "Ctrl<Key>o", "Ctrl+O", [this] { ShowOpenDialog(); }, nullptr});
+    menus->AddCommand({"Open...", 'O', "Ctrl<Key>o", "Ctrl+O", [this] { ShowOpenDialog(); }});
     menus->AddSeparator();
-    menus->AddCommand({"Quit", 'Q', "Ctrl<Key>q", "Ctrl+Q",
-                       [this] { XtAppSetExitFlag(XtWidgetToApplicationContext(shell)); }, nullptr});
-}
-
-void BrowserWindow::AddViewMenu() {
-    const auto orientation = [this](const char *label, char mnemonic, const char *key,
-                                    const char *text, Orientation value) {
-        return MenuItem{label,
-                        mnemonic,
-                        key,
-                        text,
-                        [=, this] { view->SetOrientation(value); },
-                        [=, this] { return view->GetOrientation() == value; }};
-    };
-    const auto draw_mode = [this](const char *label, char mnemonic, unsigned char value) {
-        return MenuItem{label,
-                        mnemonic,
-                        nullptr,
-                        nullptr,
-                        [=, this] { view->SetArcDrawMode(value); },
-                        [=, this] { return view->ArcDrawMode() == value; }};
-    };
-    const auto style = [this](const char *label, char mnemonic, const char *key, const char *text,
-                              unsigned char value) {
-        return MenuItem{label,
-                        mnemonic,
-                        key,
-                        text,
-                        [=, this] { view->SetLayoutStyle(value); },
-                        [=, this] { return view->LayoutStyle() == value; }};
-    };
-    const auto spacing = [this](const char *label, char mnemonic, Spacing value) {
-        return MenuItem{label,
-                        mnemonic,
-                        nullptr,
-                        nullptr,
-                        [=, this] { view->SetSpacing(value); },
-                        [=, this] { return view->GetSpacing() == value; }};
-    };
-    menus->AddMenu("View", 'V');
-    menus->AddRadioMenu(
-        "Orientation", 'O',
-        {orientation("Horizontal", 'H', "Ctrl<Key>h", "Ctrl+H", Orientation::Horizontal),
-         orientation("Vertical", 'V', "Ctrl<Key>v", "Ctrl+V", Orientation::Vertical)});
-    menus->AddRadioMenu("Arcs", 'A',
-                        {draw_mode("Fixed", 'F', XmPOSITION_FIXED),
-                         draw_mode("Relative", 'R', XmPOSITION_RELATIVE),
-                         draw_mode("Proportional", 'P', XmPOSITION_PROPORTIONAL)});
-    menus->AddRadioMenu("Layout", 'L',
-                        {style("Graph", 'G', "Ctrl<Key>g", "Ctrl+G", XmGRAPH),
-                         style("Butterfly", 'B', "Ctrl<Key>b", "Ctrl+B", XmBUTTERFLY)});
-    menus->AddRadioMenu("Spacing", 'S',
-                        {spacing("Compact", 'C', compact), spacing("Normal", 'N', normal),
-                         spacing("Wide", 'W', wide)});
-    menus->AddSeparator();
-    menus->AddToggle({"Twins Apart", 'T', "Ctrl<Key>t", "Ctrl+T",
-                      [this] { view->SetTwinsVisible(!view->TwinsVisible()); },
-                      [this] { return view->TwinsVisible(); }});
-    menus->AddToggle({"Arc Labels", 'b', "Ctrl<Key>l", "Ctrl+L",
-                      [this] { view->SetArcLabels(!view->ArcLabels()); },
-                      [this] { return view->ArcLabels(); }});
+    menus->AddCommand({"Quit", 'Q', "Ctrl<Key>q", "Ctrl+Q", [this] { Quit(); }});
 }
 
 // ---- Files -----------------------------------------------------------------
 
 void BrowserWindow::Show(const std::string &file, Graph graph) {
     path = file;
-    if (view->GetSpacing() == normal)
+    if (view->GetSpacing() == normal_spacing)
         view->SetSpacing(SpacingFor(graph));
     mark->Expect(path);
     XtVaSetValues(shell, XmNtitle, ("graph-browser: " + path).c_str(), nullptr);

@@ -33,7 +33,6 @@ private:
 
     void Quit();
     void AddFileMenu();
-    void AddViewMenu();
     void ShowOpenDialog();
     void ShowError(const std::string &message);
     void UpdateStatus();

@@ -13,10 +13,10 @@ namespace graph_browser {
 struct MenuItem {
     const char *label;
     char mnemonic;
-    const char *accelerator;      // as translations write it; null for none
-    const char *accelerator_text; // as the menu shows it
-    std::function<void()> act;
-    std::function<bool()> is_set;
+    const char *accelerator = nullptr;      // as translations write it; null for none
+    const char *accelerator_text = nullptr; // as the menu shows it
+    std::function<void()> act = nullptr;
+    std::function<bool()> is_set = nullptr;
 };
 
 // A menu bar made from tables.
