@@ -302,8 +302,9 @@ void PlaceAll(Widget w) {
 
 // ---- Relay ------------------------------------------------------------------------------------------------
 
+// What has no window of its own, a gadget or a plain rectangle, cannot be unmapped.
 bool IsShown(Widget w) {
-    return XtIsManaged(w) && (XmIsGadget(w) || w->core.mapped_when_managed);
+    return XtIsManaged(w) && (!XtIsWidget(w) || w->core.mapped_when_managed);
 }
 
 void EraseArcsTo(const std::vector<NodePtr> &nodes) {
