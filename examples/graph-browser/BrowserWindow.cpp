@@ -21,7 +21,7 @@ namespace graph_browser {
 namespace {
 
 // Above this many nodes a graph opens with compact spacing: a window is at most 32767 pixels high.
-constexpr std::size_t many_nodes = 60;
+constexpr std::size_t many_nodes = 40;
 
 // Labels on arcs want room between the levels.
 Spacing SpacingFor(const Graph &graph) {
@@ -152,7 +152,8 @@ std::string BrowserWindow::StatusText() const {
     if (const auto selected = view->Selected()) {
         const Node &node = graph.nodes[static_cast<std::size_t>(*selected)];
         const bool butterfly = view->LayoutStyle() == XmBUTTERFLY;
-        text += (butterfly ? " - around " : " - selected: ") + node.name;
+        text += (butterfly ? " - around " : " - selected: ") +
+                (node.label.empty() ? node.name : node.label);
         if (!node.cluster.empty())
             text += " in " + OneLine(node.cluster);
     }

@@ -262,8 +262,11 @@ void GraphView::Select(std::optional<int> node) {
 }
 
 bool GraphView::SelectByName(const std::string &name) {
-    const auto found = std::find_if(model.nodes.begin(), model.nodes.end(),
-                                    [&name](const Node &node) { return node.name == name; });
+    auto found = std::find_if(model.nodes.begin(), model.nodes.end(),
+                              [&name](const Node &node) { return node.name == name; });
+    if (found == model.nodes.end())
+        found = std::find_if(model.nodes.begin(), model.nodes.end(),
+                             [&name](const Node &node) { return node.label == name; });
     if (found == model.nodes.end())
         return false;
     Select(static_cast<int>(found - model.nodes.begin()));

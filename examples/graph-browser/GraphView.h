@@ -39,7 +39,7 @@ public:
 
     void Show(Graph graph);
     void Select(std::optional<int> node);
-    // The first node of this name; false if there is none.
+    // The node of this name, else the first with this label; false if there is none.
     bool SelectByName(const std::string &name);
     // Brings the selected node into sight, or the first one; a realised view only.
     void ScrollToSelected();

@@ -143,7 +143,8 @@ TEST_F(BrowserWindowTest, AClickedNodeIsSelectedAndLooksIt) {
     ClickNode("son");
     EXPECT_TRUE(StatusHas("selected: son"));
     EXPECT_NE(Get<Pixel>(Node("son"), XmNbackground), plain);
-    ClickNode("mother");
+    EXPECT_TRUE(window->View().SelectByName("mother"));
+    EXPECT_FALSE(window->View().SelectByName("nobody"));
     EXPECT_TRUE(StatusHas("selected: mother"));
     EXPECT_EQ(Get<Pixel>(Node("son"), XmNbackground), plain);
 }
