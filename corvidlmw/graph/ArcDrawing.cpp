@@ -6,6 +6,7 @@
 
 #include <corvidlmw/graph/ArcGeometry.h>
 #include <corvidlmw/graph/GraphI.h>
+#include <corvidlmw/toolkit/TextClip.h>
 
 #include <algorithm>
 #include <array>
@@ -293,29 +294,35 @@ bool PrepareDrawing(Widget arc_widget) {
     return true;
 }
 
-// The GCs that have a clip for the length of one redisplay. Most arcs share one, and lines drawn in a
-// row with the same GC travel to the server as one request.
-class ClippedGCs {
+// The GCs that have a clip for the length of one redisplay, and the labels' text with them. Most arcs
+// share one GC, and lines drawn in a row with the same GC travel to the server as one request.
+class ClippedArcs {
 public:
-    ClippedGCs(Display *display, Region region) : display_(display), region_(region) {}
-    ~ClippedGCs() {
+    ClippedArcs(const Surface &surface, Region region)
+        : display_(surface.display), region_(region),
+          text_(surface.display, surface.window, region) {}
+    ~ClippedArcs() {
         for (GC gc : clipped_) {
             XSetClipMask(display_, gc, None);
         }
     }
-    ClippedGCs(const ClippedGCs &) = delete;
-    ClippedGCs &operator=(const ClippedGCs &) = delete;
+    ClippedArcs(const ClippedArcs &) = delete;
+    ClippedArcs &operator=(const ClippedArcs &) = delete;
 
-    void Clip(GC gc) {
-        if (std::find(clipped_.rbegin(), clipped_.rend(), gc) == clipped_.rend()) {
-            XSetRegion(display_, gc, region_);
-            clipped_.push_back(gc);
+    void Clip(const XmArcPart &part) {
+        if (std::find(clipped_.rbegin(), clipped_.rend(), part.gc) == clipped_.rend()) {
+            XSetRegion(display_, part.gc, region_);
+            clipped_.push_back(part.gc);
+        }
+        if (part.map_label) {
+            text_.Clip(part.font_list);
         }
     }
 
 private:
     Display *display_;
     Region region_;
+    TextClip text_;
     std::vector<GC> clipped_;
 };
 
@@ -388,7 +395,7 @@ void DrawArcsInRegion(Widget graph, Region region) {
     }
     XRectangle box;
     XClipBox(region, &box);
-    ClippedGCs clipped(XtDisplay(graph), region);
+    ClippedArcs clipped({XtDisplay(graph), XtWindow(graph)}, region);
     for (Widget arc_widget : Arcs(graph)) {
         if (!ArcIsInView(graph, arc_widget) || !PrepareDrawing(arc_widget)) {
             continue;
@@ -396,7 +403,7 @@ void DrawArcsInRegion(Widget graph, Region region) {
         const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
         StoreEnds(arc_widget, shape.ends);
         if (Touches(BoundsOf(arc_widget, shape), box)) {
-            clipped.Clip(ArcOf(arc_widget).gc);
+            clipped.Clip(ArcOf(arc_widget));
             DrawShape(arc_widget, shape);
         }
     }
@@ -405,19 +412,17 @@ void DrawArcsInRegion(Widget graph, Region region) {
 // ---- Class methods -----------------------------------------------------------------------------------------
 
 void ArcRedisplay(Widget arc_widget, XEvent *, Region region) {
-    Display *display = XtDisplay(arc_widget);
-    GC gc = ArcOf(arc_widget).gc;
-    const bool draws = PrepareDrawing(arc_widget);
-    if (draws) {
-        const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
-        StoreEnds(arc_widget, shape.ends);
-        if (region) {
-            XSetRegion(display, gc, region);
-        }
-        DrawShape(arc_widget, shape);
+    if (!PrepareDrawing(arc_widget)) {
+        return;
     }
-    if (draws && region) {
-        XSetClipMask(display, gc, None);
+    const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
+    StoreEnds(arc_widget, shape.ends);
+    if (region) {
+        ClippedArcs clipped(SurfaceOf(arc_widget), region);
+        clipped.Clip(ArcOf(arc_widget));
+        DrawShape(arc_widget, shape);
+    } else {
+        DrawShape(arc_widget, shape);
     }
 }
 

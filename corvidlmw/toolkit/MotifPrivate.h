@@ -39,6 +39,10 @@ void _XmMoveObject(Widget w, Position x, Position y);
 // The font for `tag`, or the first one. False without a core font, as in a table of Xft fonts.
 Boolean _XmFontListSearch(XmFontList table, XmStringCharSet tag, short *index, XFontStruct **font);
 
+// The clip of all antialiased text that the toolkit draws on a window, until the next call.
+void _XmXftSetClipRectangles(Display *display, Window window, Position x, Position y,
+                             XRectangle *rectangles, int count);
+
 // Internal compound strings: one Free for each Create; the pointers are not comparable.
 _XmString _XmStringCreate(XmString string);
 void _XmStringFree(_XmString string);
