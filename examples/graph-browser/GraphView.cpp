@@ -295,6 +295,9 @@ void GraphView::UnmarkSelected() {
 
 void GraphView::NodeActivated(Widget gadget, XtPointer view, XtPointer) {
     auto &self = *static_cast<GraphView *>(view);
+    // The node may be one of a graph that is about to go.
+    if (self.rebuild)
+        return;
     const auto data = reinterpret_cast<std::intptr_t>(GetResource<XtPointer>(gadget, XmNuserData));
     self.Select(static_cast<int>(data));
 }

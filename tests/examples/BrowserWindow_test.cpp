@@ -217,6 +217,15 @@ TEST_F(BrowserWindowTest, AFileThatCannotBeReadLeavesTheGraphStanding) {
     EXPECT_TRUE(StatusHas("selected: son"));
 }
 
+TEST_F(BrowserWindowTest, AClickOnAGraphThatIsAboutToGoSelectsNothing) {
+    const Widget cat = Node("cat");
+    window->Open(File("one.dot", "digraph { one }"));
+    Click(cat, 5, 5);
+    RunWorkProcs();
+    EXPECT_EQ(XmGraphNumNodes(graph), 1);
+    EXPECT_FALSE(StatusHas("selected"));
+}
+
 TEST_F(BrowserWindowTest, ClosingTheWindowQuits) {
     XEvent close{};
     close.xclient.type = ClientMessage;
