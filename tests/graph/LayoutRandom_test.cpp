@@ -1,0 +1,399 @@
+// Random graphs, changed and laid out several times in a row, against a second computation; and what
+// must hold of every layout, of however many nodes.
+#include <tests/graph/PlacedNodes.h>
+
+#include <corvidlmw/graph/GraphP.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace corvidlmw::test {
+namespace {
+
+using List = std::vector<size_t>;
+constexpr size_t nobody = ~size_t{0};
+constexpr int unplaced = 987654321;
+
+bool Has(const List &list, size_t entry) {
+    return std::find(list.begin(), list.end(), entry) != list.end();
+}
+void Add(List &list, size_t entry) {
+    if (!Has(list, entry))
+        list.push_back(entry);
+}
+void Remove(List &list, size_t entry) {
+    if (auto found = std::find(list.begin(), list.end(), entry); found != list.end())
+        list.erase(found);
+}
+
+// ---- The model ----------------------------------------------------------------------------------
+
+// Recursive, over plain numbers, without a thought of cost. Node 0 is the hidden root. The forest's
+// `tree_children` outlive a layout, as the graph's do.
+struct Model {
+    struct Node {
+        Extent size;
+        bool shown = true;
+        Place place;
+        List parents, children, tree_children;
+        size_t tree_parent = nobody;
+        int depth = unplaced;
+        bool visited = false;
+    };
+
+    bool horizontal = true, butterfly = false;
+    int child_spacing = 40, sibling_spacing = 30;
+    size_t butterfly_root = nobody;
+    List user_roots;
+    std::vector<Node> nodes{1};
+    std::vector<std::pair<size_t, size_t>> arcs;
+
+    void AddArc(size_t from, size_t to) {
+        arcs.emplace_back(from, to);
+        Add(nodes[from].children, to);
+        Add(nodes[from].tree_children, to);
+        Add(nodes[to].parents, from);
+    }
+    // Parallel arcs lose the neighbourhood too.
+    void RemoveArc(size_t index) {
+        auto [from, to] = arcs[index];
+        arcs.erase(arcs.begin() + static_cast<long>(index));
+        Remove(nodes[from].children, to);
+        if (nodes[to].tree_parent == from) {
+            Remove(nodes[from].tree_children, to);
+            nodes[to].tree_parent = nobody;
+        }
+        Remove(nodes[to].parents, from);
+    }
+
+    void Layout() {
+        for (Node &node : nodes) {
+            node.visited = false;
+            node.tree_parent = nobody;
+            node.depth = unplaced;
+        }
+        nodes[0] = {};
+        const List roots = Roots();
+        for (size_t root : roots)
+            nodes[root].parents.push_back(0);
+        nodes[0].children = nodes[0].tree_children = roots;
+        Convert(0, nobody, 0);
+        if (horizontal)
+            PlaceFrom(0, 40 - child_spacing - 60, 40);
+        else
+            PlaceFrom(0, 40 - sibling_spacing - 30, 40);
+        for (size_t root : roots) {
+            Remove(nodes[root].parents, 0);
+            nodes[root].tree_parent = nobody;
+        }
+    }
+
+    void Relay(size_t top) {
+        const Place old = nodes[top].place;
+        List listed;
+        ListSubgraph(top, listed);
+        for (size_t node : listed) {
+            nodes[node].depth = unplaced;
+            nodes[node].tree_children = nodes[node].children;
+        }
+        Convert(top, nobody, 0);
+        PlaceFrom(top, horizontal ? old.x : old.y, horizontal ? old.y : old.x);
+        const int dx = horizontal ? 0 : nodes[top].place.x - old.x;
+        const int dy = horizontal ? nodes[top].place.y - old.y : 0;
+        for (size_t node : listed)
+            nodes[node].place = {nodes[node].place.x - dx, nodes[node].place.y - dy};
+        PullToOrigin();
+    }
+
+private:
+    List Roots() {
+        List roots;
+        auto take_if = [&](size_t node, bool wanted) {
+            if (wanted) {
+                Add(roots, node);
+                Mark(node);
+            }
+        };
+        for (size_t node : user_roots)
+            take_if(node, true);
+        for (size_t node = 1; node < nodes.size(); ++node)
+            take_if(node, nodes[node].parents.empty());
+        for (size_t node = 1; node < nodes.size(); ++node)
+            take_if(node, !nodes[node].visited);
+        return roots;
+    }
+    void Mark(size_t node) {
+        if (!std::exchange(nodes[node].visited, true))
+            for (size_t child : nodes[node].children)
+                Mark(child);
+    }
+    void Convert(size_t node, size_t parent, int depth) {
+        nodes[node].tree_parent = parent;
+        nodes[node].depth = depth;
+        for (size_t child : nodes[node].children)
+            if (nodes[child].depth < unplaced)
+                Remove(nodes[node].tree_children, child);
+            else
+                Convert(child, node, depth + 1);
+    }
+    void ListSubgraph(size_t node, List &listed) {
+        if (!nodes[node].shown || Has(listed, node))
+            return;
+        listed.push_back(node);
+        for (size_t child : nodes[node].children)
+            ListSubgraph(child, listed);
+    }
+
+    // Levels follow one another along one axis; a level runs across it.
+    int Along(const Node &node) const { return horizontal ? node.size.width : node.size.height; }
+    int Across(const Node &node) const { return horizontal ? node.size.height : node.size.width; }
+    void Put(size_t node, int along, int across) {
+        along = std::max<int>(static_cast<int16_t>(along), 0);
+        across = std::max<int>(static_cast<int16_t>(across), 0);
+        nodes[node].place = horizontal ? Place{along, across} : Place{across, along};
+    }
+    void PlaceFrom(size_t node, int along, int across) {
+        if (!butterfly)
+            PlaceTree(node, along, across);
+        else if (butterfly_root != nobody)
+            PlaceButterfly(butterfly_root);
+    }
+    int PlaceTree(size_t index, int along, int across) {
+        const Node &node = nodes[index];
+        const int borders = 2 * node.size.border;
+        int reached = across, next = across;
+        for (size_t child : node.tree_children)
+            if (nodes[child].tree_parent == index) {
+                reached = PlaceTree(child, along + Along(node) + borders + child_spacing, next);
+                next = reached + sibling_spacing;
+            }
+        const int extent = std::max(across + Across(node) + borders, reached);
+        Put(index, along, (extent + across) / 2 - Across(node) / 2);
+        return extent;
+    }
+    int Sum(const List &list) const {
+        int sum = -sibling_spacing;
+        for (size_t node : list)
+            sum += Across(nodes[node]) + sibling_spacing;
+        return sum;
+    }
+    void PutRow(const List &list, int along, int across) {
+        for (size_t node : list) {
+            Put(node, along, across);
+            across += Across(nodes[node]) + sibling_spacing;
+        }
+    }
+    void PlaceButterfly(size_t middle) {
+        const Node &node = nodes[middle];
+        const int left = Sum(node.parents), right = Sum(node.tree_children);
+        const int left_shift = right > left ? (right - left) / 2 : 0;
+        const int right_shift = right > left ? 0 : (left - right) / 2;
+        int widest = 0;
+        for (size_t parent : node.parents)
+            widest = std::max(widest, nodes[parent].size.width);
+        const int along = widest + 2 * child_spacing;
+        PutRow(node.parents, child_spacing, left_shift + sibling_spacing);
+        PutRow(node.tree_children, Along(node) + child_spacing + along,
+               right_shift + sibling_spacing);
+        Put(middle, along, (std::max(left, right) + (horizontal ? child_spacing : 0)) / 2);
+    }
+    void PullToOrigin() {
+        Place least;
+        for (size_t i = 1; i < nodes.size(); ++i)
+            least = {std::min(least.x, nodes[i].place.x), std::min(least.y, nodes[i].place.y)};
+        for (Node &node : nodes)
+            node.place = {node.place.x - least.x, node.place.y - least.y};
+    }
+};
+
+// ---- Graph and model, changed alike ----------------------------------------------------------------
+
+NodePtr RecordOf(Widget node) {
+    return reinterpret_cast<XmGraphConstraintPtr>(node->core.constraints)->graph.node;
+}
+
+class LayoutRandomTest : public DisplayTest {
+protected:
+    Random random;
+    Widget graph = nullptr;
+    std::vector<Widget> nodes; // by the model's numbers; node 0 is NULL
+    std::vector<Widget> arcs;
+    Model model;
+
+    size_t AnyBelow(size_t count) {
+        return static_cast<size_t>(random.Between(0, static_cast<int>(count) - 1));
+    }
+    size_t Any() { return 1 + AnyBelow(nodes.size() - 1); }
+    void Start() {
+        nodes = {nullptr};
+        arcs.clear();
+        model = {};
+        model.horizontal = random.Chance(0.5);
+        model.butterfly = random.Chance(0.25);
+        model.child_spacing = random.Between(0, 50);
+        model.sibling_spacing = random.Between(0, 50);
+        graph = MakeGraph(shell, XmNorientation, model.horizontal ? XmHORIZONTAL : XmVERTICAL,
+                          XmNlayoutStyle, model.butterfly ? XmBUTTERFLY : XmGRAPH, XmNchildSpacing,
+                          model.child_spacing, XmNsiblingSpacing, model.sibling_spacing);
+        for (int count = random.Between(1, 20); count > 0; --count)
+            AddNode();
+        for (int count = random.Between(0, 30); count > 0; --count)
+            AddArc();
+    }
+    void AddNode() {
+        const int border = std::max(0, random.Between(-3, 4));
+        model.nodes.push_back({.size = {random.Between(1, 90), random.Between(1, 70), border},
+                               .shown = random.Chance(0.9)});
+        nodes.push_back(
+            (model.nodes.back().shown ? Node : UnmanagedNode)(graph, model.nodes.back().size, {}));
+    }
+    void AddArc() {
+        const size_t from = Any();
+        const size_t to = random.Chance(0.05) ? from : Any();
+        arcs.push_back(Arc(graph, nodes[from], nodes[to]));
+        model.AddArc(from, to);
+    }
+    void RemoveArc() {
+        if (arcs.empty())
+            return;
+        const size_t index = AnyBelow(arcs.size());
+        XtDestroyWidget(arcs[index]);
+        arcs.erase(arcs.begin() + static_cast<long>(index));
+        model.RemoveArc(index);
+    }
+    void ChangeRoots() {
+        const size_t root = Any();
+        const bool named = Has(model.user_roots, root);
+        (named ? XmGraphRemoveRoots : XmGraphInsertRoots)(graph, &nodes[root], 1);
+        (named ? Remove : Add)(model.user_roots, root);
+    }
+    void Change() {
+        switch (random.Between(0, 8)) {
+        case 0: return AddNode();
+        case 1: return ChangeRoots();
+        case 2: return XmGraphSetButterflyRoot(graph, nodes[model.butterfly_root = Any()]);
+        case 3:
+        case 4:
+        case 5: return AddArc();
+        default: return RemoveArc();
+        }
+    }
+    void LayOut() {
+        if (random.Chance(0.3)) {
+            const size_t top = Any();
+            XmGraphRelaySubgraph(graph, nodes[top]);
+            model.Relay(top);
+        } else {
+            XmGraphLayout(graph);
+            model.Layout();
+        }
+    }
+
+    size_t NumberOf(NodePtr record) const {
+        if (!record)
+            return nobody;
+        const auto found = std::find(nodes.begin() + 1, nodes.end(), record->widget);
+        return found == nodes.end() ? 0 : static_cast<size_t>(found - nodes.begin());
+    }
+    // What is there, in the model's form.
+    Model::Node Built(size_t index) const {
+        NodePtr record = RecordOf(nodes[index]);
+        Model::Node built{.place = PlaceOf(nodes[index]),
+                          .tree_parent = NumberOf(record->tree_parent),
+                          .depth = record->depth};
+        for (int i = 0; i < record->tree_children.count; ++i)
+            built.tree_children.push_back(
+                NumberOf(static_cast<NodePtr>(record->tree_children.items[i])));
+        return built;
+    }
+    void Compare() {
+        for (size_t i = 1; i < nodes.size(); ++i) {
+            const Model::Node built = Built(i), &expected = model.nodes[i];
+            EXPECT_EQ(built.place, expected.place) << "node " << i;
+            EXPECT_EQ(built.tree_parent, expected.tree_parent) << "node " << i;
+            EXPECT_EQ(built.depth, expected.depth) << "node " << i;
+            EXPECT_EQ(built.tree_children, expected.tree_children) << "node " << i;
+        }
+    }
+};
+
+TEST_F(LayoutRandomTest, AgreesWithTheModelLayoutAfterLayout) {
+    for (int run = 0; run < 500 && !HasFailure(); ++run) {
+        Start();
+        for (int round = 0; round < 6 && !HasFailure(); ++round) {
+            SCOPED_TRACE(::testing::Message() << "graph " << run << ", layout " << round);
+            for (int change = random.Between(0, 5); change > 0; --change)
+                Change();
+            LayOut();
+            Compare();
+        }
+        XtDestroyWidget(graph);
+    }
+}
+
+TEST_F(LayoutRandomTest, SubtreesOfSiblingsKeepTheirDistance) {
+    struct Span {
+        size_t parent;
+        int low, high;
+    };
+    for (int run = 0; run < 60 && !HasFailure(); ++run) {
+        const bool horizontal = random.Chance(0.5);
+        const int spacing = random.Between(0, 40);
+        graph = MakeGraph(shell, XmNorientation, horizontal ? XmHORIZONTAL : XmVERTICAL,
+                          XmNsiblingSpacing, spacing);
+        std::vector<Widget> tree;
+        std::vector<Span> spans;
+        for (size_t i = 0; i < 40; ++i) {
+            tree.push_back(Node(graph, {random.Between(1, 90), random.Between(1, 90)}));
+            spans.push_back({i == 0 ? nobody : i - 1 - AnyBelow(std::min<size_t>(i, 8)), 0, 0});
+            if (i > 0)
+                Arc(graph, tree[spans[i].parent], tree[i]);
+        }
+        XmGraphLayout(graph);
+        for (size_t i = 0; i < tree.size(); ++i) {
+            const Place place = PlaceOf(tree[i]), size = SizeOf(tree[i]);
+            spans[i].low = horizontal ? place.y : place.x;
+            spans[i].high = spans[i].low + (horizontal ? size.y : size.x);
+        }
+        for (size_t i = tree.size(); i-- > 1;) {
+            Span &parent = spans[spans[i].parent];
+            parent = {parent.parent, std::min(parent.low, spans[i].low),
+                      std::max(parent.high, spans[i].high)};
+        }
+        for (size_t i = 1; i < tree.size(); ++i)
+            for (size_t k = i + 1; k < tree.size(); ++k) {
+                const bool siblings = spans[i].parent == spans[k].parent;
+                EXPECT_TRUE(!siblings || spans[i].high + spacing <= spans[k].low) << i << ' ' << k;
+            }
+        XtDestroyWidget(graph);
+    }
+}
+
+TEST_F(LayoutRandomTest, AChainMayBeAsLongAsMemoryAllows) {
+#ifdef __SANITIZE_ADDRESS__
+    constexpr int length = 20000;
+#else
+    constexpr int length = 100000;
+#endif
+    graph = MakeGraph(shell, XmNchildSpacing, 5);
+    for (int i = 0; i < length; ++i) {
+        nodes.push_back(XtVaCreateWidget("node", rectObjClass, graph, XtNwidth, 10, XtNheight, 11,
+                                         XtNborderWidth, 0, nullptr));
+        if (i > 0)
+            Arc(graph, nodes[nodes.size() - 2], nodes.back());
+    }
+    XtManageChildren(nodes.data(), length);
+    XmGraphLayout(graph);
+    for (int i = 0; i < length; ++i) {
+        const int x = std::max<int>(static_cast<int16_t>(40 + 15 * i), 0);
+        ASSERT_EQ(PlaceOf(nodes[static_cast<size_t>(i)]), (Place{x, 40})) << i;
+    }
+    EXPECT_EQ(RecordOf(nodes.back())->depth, length);
+    XmGraphRelaySubgraph(graph, nodes.front());
+    EXPECT_EQ(RecordOf(nodes.back())->depth, length - 1);
+    EXPECT_EQ(PlaceOf(nodes[1]), (Place{55, 40}));
+}
+
+} // namespace
+} // namespace corvidlmw::test

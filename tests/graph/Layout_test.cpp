@@ -1,0 +1,218 @@
+// Layouts worked out by hand: which nodes are roots, who stands below whom, and where.
+#include <tests/graph/PlacedNodes.h>
+
+namespace corvidlmw::test {
+namespace {
+
+class LayoutTest : public DisplayTest {};
+
+// ---- Trees --------------------------------------------------------------------------------------
+
+struct TreeExample {
+    const char *what;
+    int orientation;
+    std::vector<Extent> sizes;
+    std::vector<std::pair<size_t, size_t>> arcs;
+    Places places;
+    int sibling_spacing = 30;
+};
+
+constexpr int across = XmHORIZONTAL, down = XmVERTICAL;
+const std::vector<Extent> two(2),
+    three(3), tall{{60, 101}, {}, {}}, odd{{60, 31}, {}, {}}, bordered{{60, 30, 5}, {}, {}};
+
+// clang-format off
+const TreeExample tree_examples[] = {
+    {"two roots", across, two, {}, {{40, 40}, {40, 100}}},
+    {"two roots, downwards", down, two, {}, {{40, 50}, {130, 50}}},
+    {"two children", across, three, {{0, 1}, {0, 2}}, {{40, 70}, {140, 40}, {140, 100}}},
+    {"two children, downwards", down, three, {{0, 1}, {0, 2}}, {{85, 50}, {40, 120}, {130, 120}}},
+    {"a tall parent", across, tall, {{0, 1}}, {{40, 40}, {140, 40}, {40, 171}}},
+    {"borders count in extents, not in the centring",
+     across, bordered, {{0, 1}}, {{40, 45}, {150, 40}, {40, 110}}},
+    {"half pixels are cut off", across, odd, {{0, 1}, {0, 2}}, {{40, 70}, {140, 40}, {140, 100}}},
+    {"a negative place is 0 and shifts nothing", down, two, {{0, 1}}, {{40, 0}, {40, 50}}, 100},
+    {"order of attachment", across, three, {{0, 2}, {0, 1}}, {{40, 70}, {140, 100}, {140, 40}}},
+    {"the first visitor is the parent",
+     across, three, {{0, 1}, {0, 2}, {1, 2}}, {{40, 40}, {140, 40}, {240, 40}}},
+    {"the nearer one, if it comes first",
+     across, three, {{0, 2}, {1, 2}, {0, 1}}, {{40, 70}, {140, 100}, {140, 40}}},
+    {"a cycle is rooted in its first node", across, two, {{1, 0}, {0, 1}}, {{40, 40}, {140, 40}}},
+    {"cycles come after true roots",
+     across, three, {{0, 1}, {1, 0}}, {{40, 100}, {140, 100}, {40, 40}}},
+    {"a loop takes no part", across, two, {{0, 0}, {0, 1}}, {{40, 40}, {140, 40}}},
+    {"parallel arcs are one", across, two, {{0, 1}, {0, 1}, {1, 0}}, {{40, 40}, {140, 40}}},
+};
+// clang-format on
+
+TEST_F(LayoutTest, PlacesTrees) {
+    for (const TreeExample &example : tree_examples) {
+        SCOPED_TRACE(example.what);
+        Widget graph = MakeGraph(shell, XmNorientation, example.orientation, XmNsiblingSpacing,
+                                 example.sibling_spacing);
+        std::vector<Widget> nodes;
+        for (const Extent &size : example.sizes)
+            nodes.push_back(Node(graph, size));
+        for (auto [from, to] : example.arcs)
+            Arc(graph, nodes[from], nodes[to]);
+        XmGraphLayout(graph);
+        EXPECT_EQ(PlacesOf(nodes), example.places);
+        XtDestroyWidget(graph);
+    }
+}
+
+TEST_F(LayoutTest, ACutEntryStaysOutUntilTheSubgraphIsLaidOutAnew) {
+    Widget graph = MakeGraph(shell);
+    Widget a = Node(graph), b = Node(graph), c = Node(graph);
+    Arc(graph, a, b);
+    Arc(graph, a, c);
+    Widget other_way = Arc(graph, b, c);
+    XmGraphLayout(graph);
+    XtDestroyWidget(other_way);
+    XtVaSetValues(c, XtNx, 7, XtNy, 9, nullptr);
+    XmGraphLayout(graph);
+    EXPECT_EQ(PlacesOf({a, b, c}), (Places{{40, 40}, {140, 40}, {7, 9}}));
+    XmGraphRelaySubgraph(graph, a);
+    EXPECT_EQ(PlacesOf({a, b, c}), (Places{{40, 40}, {140, 10}, {140, 70}}));
+}
+
+// ---- Butterflies ---------------------------------------------------------------------------------
+
+TEST_F(LayoutTest, PlacesAButterflyWithItsParentsAndItsChildrenOnly) {
+    const struct {
+        int orientation;
+        Places places;  // parent, parent, the node, child, a stranger
+        Places as_root; // the node, its child; its parent is the hidden root, 60 by 30
+    } examples[] = {
+        {across, {{40, 30}, {40, 80}, {160, 60}, {260, 50}, {3, 4}}, {{140, 45}, {240, 30}}},
+        {down, {{30, 40}, {100, 40}, {75, 160}, {80, 230}, {3, 4}}, {{30, 140}, {35, 211}}},
+    };
+    for (const auto &[orientation, places, as_root] : examples) {
+        SCOPED_TRACE(orientation);
+        Widget graph = MakeGraph(shell, XmNorientation, orientation, XmNlayoutStyle, XmBUTTERFLY);
+        Widget p = Node(graph, {40, 20}), q = Node(graph, {80, 30}), n = Node(graph);
+        Widget child = Node(graph, {50, 40}), stranger = Node(graph, {}, {3, 4});
+        for (auto [from, to] : {std::pair{p, n}, {q, n}, {n, child}, {child, stranger}})
+            Arc(graph, from, to);
+        GraphLog log;
+        log.Add(graph, XmNgraphChangedCallback);
+        XmGraphLayout(graph);
+        EXPECT_EQ(PlacesOf({p, q, n, child, stranger}), (Places{{}, {}, {}, {}, {3, 4}}));
+        EXPECT_EQ(log.back().reason, XmCR_LAYOUT_CHANGED) << "though there is nothing to place";
+        XmGraphSetButterflyRoot(graph, n);
+        XmGraphLayout(graph);
+        EXPECT_EQ(PlacesOf({p, q, n, child, stranger}), places);
+
+        Widget top = Node(graph, {60, 31}), below = Node(graph, {50, 50});
+        Arc(graph, top, below);
+        XmGraphSetButterflyRoot(graph, top);
+        XmGraphLayout(graph);
+        EXPECT_EQ(PlacesOf({top, below}), as_root);
+        XtDestroyWidget(graph);
+    }
+}
+
+// ---- One subgraph --------------------------------------------------------------------------------
+
+TEST_F(LayoutTest, ARelaidNodeKeepsItsPlaceAndItsSubtreeHangsFromIt) {
+    for (int orientation : {across, down}) {
+        Widget graph = MakeGraph(shell, XmNorientation, orientation);
+        Widget a = Node(graph, {}, {200, 150}), b = Node(graph), c = Node(graph, {60, 30, 2});
+        Widget parent = Node(graph, {}, {11, 12});
+        for (auto [from, to] : {std::pair{a, b}, {a, b}, {a, c}, {a, a}, {b, a}, {parent, a}})
+            Arc(graph, from, to);
+        GraphLog log;
+        log.Add(graph, XmNgraphChangedCallback);
+        XmGraphRelaySubgraph(graph, a);
+        XmGraphRelaySubgraph(graph, c);
+        XmGraphRelaySubgraph(graph, nullptr);
+        XmGraphRelaySubgraph(graph, shell);
+        EXPECT_EQ(PlacesOf({a, b, parent}), orientation == across
+                                                ? (Places{{200, 150}, {300, 118}, {11, 12}})
+                                                : (Places{{200, 150}, {153, 220}, {11, 12}}));
+        Boolean mapped = False;
+        XtVaGetValues(c, XtNmappedWhenManaged, &mapped, nullptr);
+        EXPECT_TRUE(mapped);
+        EXPECT_EQ(log.reasons(), (std::vector<int>{XmCR_SIZE_CHANGED})) << "no layout is told";
+        XtDestroyWidget(graph);
+    }
+}
+
+TEST_F(LayoutTest, NodesMayBePlainRectangles) {
+    Widget graph = MakeGraph(shell);
+    std::vector<Widget> nodes;
+    for (int i = 0; i < 2; ++i)
+        nodes.push_back(XtVaCreateManagedWidget("node", rectObjClass, graph, XtNwidth, 60,
+                                                XtNheight, 30, XtNborderWidth, 0, nullptr));
+    Arc(graph, nodes[0], nodes[1]);
+    Show();
+    XmGraphLayout(graph);
+    EXPECT_EQ(PlacesOf(nodes), (Places{{40, 40}, {140, 40}}));
+    XtVaSetValues(nodes[1], XtNx, 0, nullptr);
+    XmGraphRelaySubgraph(graph, nodes[0]);
+    EXPECT_EQ(PlacesOf(nodes), (Places{{40, 40}, {140, 40}}));
+}
+
+// ---- When a layout runs ---------------------------------------------------------------------------
+
+int layouts = 0;
+void CountLayout(Widget) {
+    ++layouts;
+}
+
+TEST_F(LayoutTest, TheModeSaysWhichChangesLayOut) {
+    for (int mode : {XmNEVER, XmALWAYS, XmARCS_ONLY, XmNODES_ONLY, XmPARTIAL}) {
+        SCOPED_TRACE(mode);
+        Widget graph = MakeGraph(shell, XmNautoLayoutMode, mode, XmNlayoutProc, CountLayout);
+        Show(); // without a window the toolkit does not tell the graph of its children
+        layouts = 0;
+        XmGraphLayout(graph);
+        EXPECT_EQ(layouts, 0) << "without nodes";
+        Widget a = Node(graph, {}, {100, 100}), b = Node(graph, {}, {1, 2});
+        Widget c = UnmanagedNode(graph);
+        EXPECT_EQ(layouts, mode == XmALWAYS ? 2 : 0);
+        layouts = 0;
+        EXPECT_TRUE(XmGraphMoveArc(graph, Arc(graph, a, c), a, b));
+        const bool relaid = mode == XmALWAYS || mode == XmARCS_ONLY || mode == XmPARTIAL;
+        EXPECT_EQ(PlaceOf(b), relaid ? (Place{200, 100}) : (Place{1, 2}));
+        XtVaSetValues(graph, XmNautoLayoutMode, XmNEVER, nullptr);
+        EXPECT_EQ(layouts, 0) << "a relay is no layout";
+        XtVaSetValues(graph, XmNautoLayoutMode, mode, nullptr);
+        EXPECT_EQ(layouts, mode == XmNEVER ? 0 : 1);
+        XtDestroyWidget(graph);
+    }
+}
+
+TEST_F(LayoutTest, ALayoutIsToldOnceAndMayBeAskedForAgainFromThere) {
+    Widget graph = MakeGraph(shell, XtNwidth, 120, XtNheight, 90);
+    Widget node = Node(graph);
+    GraphLog log;
+    log.Add(graph, XmNgraphChangedCallback);
+    XmGraphLayout(graph);
+    ASSERT_EQ(log.reasons(), (std::vector<int>{XmCR_LAYOUT_CHANGED}));
+    EXPECT_EQ(log.back().data.event, nullptr);
+    EXPECT_EQ(log.back().data.widget, nullptr);
+
+    log.OnEach([&](const auto &) {
+        if (log.size() > 2)
+            return;
+        XtVaSetValues(node, XtNx, 1, nullptr);
+        XmGraphLayout(graph);
+    });
+    XmGraphLayout(graph);
+    EXPECT_EQ(log.size(), 3u);
+    EXPECT_EQ(PlaceOf(node), (Place{40, 40}));
+    log.OnEach([&](const auto &) { XmGraphLayout(graph); });
+    XmGraphLayout(graph); // comes to an end
+    EXPECT_GT(log.size(), 4u);
+}
+
+TEST_F(LayoutTest, OnlyAGraphIsLaidOut) {
+    XmGraphLayout(shell);
+    ExpectWarning("XmGraphLayout requires an XmGraph widget");
+    XmGraphRelaySubgraph(shell, shell);
+    ExpectWarning("XmGraphRelaySubgraph requires an XmGraph widget");
+}
+
+} // namespace
+} // namespace corvidlmw::test

@@ -1,0 +1,375 @@
+// The size of the graph: what its nodes need, what its parent grants, what its clip window shows.
+#include <tests/graph/PlacedNodes.h>
+
+#include <corvidlmw/graph/GraphP.h>
+
+#include <Xm/Form.h>
+#include <Xm/PushB.h>
+#include <Xm/PushBG.h>
+#include <Xm/ScrollBar.h>
+#include <Xm/ScrolledW.h>
+
+#include <functional>
+
+namespace corvidlmw::test {
+namespace {
+
+// ---- A parent that answers as the test says ------------------------------------------------------
+
+Places requests;
+std::function<XtGeometryResult(XtWidgetGeometry *offer)> answer;
+
+XtGeometryResult Answer(Widget child, XtWidgetGeometry *request, XtWidgetGeometry *offer) {
+    requests.push_back({request->width, request->height});
+    *offer = *request;
+    const XtGeometryResult result = answer ? answer(offer) : XtGeometryYes;
+    if (result == XtGeometryYes)
+        XtResizeWidget(child, request->width, request->height, 0);
+    return result == XtGeometryYes ? XtGeometryDone : result;
+}
+
+CompositeClassRec judge_class = {
+    .core_class = {.superclass = reinterpret_cast<WidgetClass>(&compositeClassRec),
+                   .class_name = const_cast<char *>("Judge"),
+                   .widget_size = sizeof(CompositeRec),
+                   .realize = XtInheritRealize,
+                   .set_values_almost = XtInheritSetValuesAlmost,
+                   .version = XtVersion},
+    .composite_class = {.geometry_manager = Answer,
+                        .change_managed = [](Widget) {},
+                        .insert_child = XtInheritInsertChild,
+                        .delete_child = XtInheritDeleteChild},
+};
+
+class SizingTest : public DisplayTest {
+protected:
+    Widget graph = nullptr;
+    GraphLog log;
+
+    // A managed graph of that size below the answering parent.
+    void Judged(Place size) {
+        requests.clear();
+        answer = nullptr;
+        Widget judge = XtVaCreateManagedWidget("judge", reinterpret_cast<WidgetClass>(&judge_class),
+                                               shell, XtNwidth, 400, XtNheight, 300, nullptr);
+        graph = MakeGraph(judge, XtNwidth, size.x, XtNheight, size.y);
+        // Below a parent without a window the toolkit grants all by itself.
+        Show();
+        log.Add(graph, XmNgraphChangedCallback);
+        log.Add(graph, XmNgraphTooBigCallback);
+    }
+};
+
+TEST_F(SizingTest, TheGraphFitsItsNodesAndShrinksOnlyPast50Pixels) {
+    // clang-format off
+    const struct {
+        const char *what;
+        Place before;
+        Extent node;
+        Place at, after, node_after;
+    } examples[] = {
+        {"grows", {100, 100}, {60, 30}, {90, 110}, {150, 140}, {90, 110}},
+        {"grows one way, follows the other", {100, 100}, {60, 30}, {41, 30}, {101, 60}, {41, 30}},
+        {"borders count twice", {50, 50}, {60, 30, 3}, {10, 30}, {76, 66}, {10, 30}},
+        {"49 less", {149, 149}, {60, 60}, {40, 40}, {149, 149}, {40, 40}},
+        {"50 less", {150, 150}, {60, 60}, {40, 40}, {150, 150}, {40, 40}},
+        {"51 less in width", {151, 149}, {60, 60}, {40, 40}, {100, 100}, {40, 40}},
+        {"51 less in height", {149, 151}, {60, 60}, {40, 40}, {100, 100}, {40, 40}},
+        {"the hidden root takes no room", {100, 100}, {10, 10}, {0, 0}, {10, 10}, {0, 0}},
+        {"pulled to the origin", {100, 100}, {60, 60}, {-10, -20}, {100, 100}, {0, 0}},
+        {"pulled along one axis", {100, 100}, {60, 60}, {20, -20}, {100, 100}, {20, 0}},
+        {"as large as can be", {100, 100}, {67, 60}, {32500, 0}, {32567, 60}, {32500, 0}},
+        {"too wide", {100, 100}, {68, 60}, {32500, 0}, {32567, 60}, {32500, 0}},
+    };
+    // clang-format on
+    for (const auto &example : examples) {
+        SCOPED_TRACE(example.what);
+        Judged(example.before);
+        Widget node = UnmanagedNode(graph, example.node, example.at);
+        XmGraphAdjustSize(graph);
+        const bool resized = example.after != example.before;
+        const bool moved = example.node_after != example.at;
+        EXPECT_EQ(SizeOf(graph), example.after);
+        EXPECT_EQ(PlaceOf(node), example.node_after);
+        EXPECT_EQ(requests, resized ? Places{example.after} : Places{});
+        std::vector<std::string> told;
+        if (example.at.x + example.node.width > 32567)
+            told.push_back(XmNgraphTooBigCallback);
+        if (resized || moved)
+            told.push_back(XmNgraphChangedCallback);
+        EXPECT_EQ(log.lists(), told);
+        for (const auto &entry : log.entries()) {
+            EXPECT_EQ(entry.reason, XmCR_SIZE_CHANGED);
+            EXPECT_EQ(entry.data.event, nullptr);
+            EXPECT_EQ(entry.data.widget, entry.list == XmNgraphTooBigCallback ? graph : nullptr);
+        }
+        log.Clear();
+        XtDestroyWidget(XtParent(graph));
+    }
+}
+
+TEST_F(SizingTest, TakesWhatItsParentOffersAndTellsNoRefusal) {
+    Judged({200, 200});
+    answer = [](XtWidgetGeometry *) { return XtGeometryNo; };
+    XmGraphAdjustSize(graph);
+    EXPECT_EQ(requests, (Places{{1, 1}})) << "no empty size for an empty graph";
+    EXPECT_EQ(SizeOf(graph), (Place{200, 200}));
+    EXPECT_TRUE(log.empty());
+
+    answer = [](XtWidgetGeometry *offer) {
+        if (offer->width == 80)
+            return XtGeometryYes;
+        offer->width = 80;
+        offer->height = 90;
+        return XtGeometryAlmost;
+    };
+    XmGraphAdjustSize(graph);
+    EXPECT_EQ(requests, (Places{{1, 1}, {1, 1}, {80, 90}}));
+    EXPECT_EQ(SizeOf(graph), (Place{80, 90}));
+    EXPECT_EQ(log.reasons(), (std::vector<int>{XmCR_SIZE_CHANGED}));
+}
+
+TEST_F(SizingTest, AGraphToldSoKeepsItsSizeUntilItIsFreedAgain) {
+    Judged({50, 50});
+    Widget node = Node(graph, {}, {-5, 100});
+    XmGraphDontAdjustSize(graph);
+    _XmGraphAdjustSize(graph);
+    EXPECT_EQ(PlaceOf(node), (Place{-5, 100}));
+    XmGraphLayout(graph);
+    EXPECT_EQ(SizeOf(graph), (Place{50, 50}));
+    XmGraphAdjustSize(graph);
+    EXPECT_EQ(SizeOf(graph), (Place{100, 70}));
+}
+
+TEST_F(SizingTest, MoveAllMovesEveryNodeAndWrapsAt16Bits) {
+    Judged({50, 50});
+    Widget a = Node(graph, {}, {10, 20}), b = UnmanagedNode(graph, {60, 30, 1}, {30000, 5});
+    XmGraphMoveAll(graph, 10000, -25);
+    EXPECT_EQ(PlacesOf({a, b}), (Places{{10010, -5}, {40000 - 65536, -20}}));
+    EXPECT_EQ(PlaceOf(XtNameToWidget(graph, "dummy")), (Place{10000, -25}));
+    EXPECT_EQ(SizeOf(graph), (Place{50, 50}));
+}
+
+// ---- Requests and queries -----------------------------------------------------------------------
+
+TEST_F(SizingTest, ChildrenGetWhatTheyAskFor) {
+    Judged({50, 50});
+    for (WidgetClass kind : {xmPushButtonWidgetClass, xmPushButtonGadgetClass})
+        XtVaCreateManagedWidget("x", kind, graph, XtNx, 7, XtNy, 8, nullptr);
+    int count = 0;
+    WidgetList nodes = XmGraphGetNodes(graph, &count);
+    ASSERT_EQ(count, 2);
+    EXPECT_EQ(log.reasons(), (std::vector<int>(2, XmCR_LAYOUT_CHANGED))) << "by managing them";
+    for (int i = 0; i < count; ++i) {
+        SCOPED_TRACE(i);
+        const Place before = SizeOf(nodes[i]);
+        XmString label = XmStringCreateLocalized(Name("much longer than x"));
+        XtVaSetValues(nodes[i], XmNlabelString, label, nullptr);
+        XmStringFree(label);
+        EXPECT_GT(SizeOf(nodes[i]).x, before.x + 20);
+        EXPECT_EQ(SizeOf(nodes[i]).y, before.y);
+        EXPECT_EQ(PlaceOf(nodes[i]), (Place{7, 8}));
+
+        const Place now = SizeOf(nodes[i]);
+        XtWidgetGeometry request{};
+        request.x = -30;
+        request.width = 222;
+        for (bool query : {true, false}) {
+            request.request_mode = CWX | CWWidth | (query ? XtCWQueryOnly : 0);
+            EXPECT_EQ(XtMakeGeometryRequest(nodes[i], &request, nullptr), XtGeometryYes);
+            EXPECT_EQ(SizeOf(nodes[i]), query ? now : (Place{222, now.y}));
+            EXPECT_EQ(PlaceOf(nodes[i]), query ? (Place{7, 8}) : (Place{-30, 8}));
+        }
+    }
+    EXPECT_EQ(SizeOf(graph), (Place{50, 50}));
+}
+
+TEST_F(SizingTest, PrefersRoomForItsNodesAndAtLeastItsSize) {
+    constexpr XtGeometryMask both = CWWidth | CWHeight;
+    const struct {
+        XtGeometryMask mode;
+        Place intended;
+        XtGeometryMask preferred_mode;
+        Place preferred;
+    } queries[] = {
+        {0, {}, both, {150, 80}},
+        {both, {200, 100}, CWHeight, {0, 100}},
+        {both, {120, 90}, both, {150, 90}},
+        {CWWidth, {120, 0}, both, {150, 80}},
+        {CWWidth, {150, 0}, CWHeight, {0, 80}},
+        {CWHeight, {0, 30}, both, {150, 80}},
+        {CWHeight, {0, 60}, CWWidth, {150, 0}},
+    };
+    Judged({100, 80});
+    Node(graph, {40, 36, 2}, {106, 0});
+    for (const auto &query : queries) {
+        SCOPED_TRACE(::testing::Message() << query.mode << " " << query.intended);
+        XtWidgetGeometry intended{}, reply{};
+        intended.request_mode = query.mode;
+        intended.width = static_cast<Dimension>(query.intended.x);
+        intended.height = static_cast<Dimension>(query.intended.y);
+        EXPECT_EQ(XtQueryGeometry(graph, &intended, &reply), XtGeometryAlmost);
+        EXPECT_EQ(reply.request_mode, query.preferred_mode);
+        EXPECT_EQ((Place{reply.request_mode & CWWidth ? reply.width : 0,
+                         reply.request_mode & CWHeight ? reply.height : 0}),
+                  query.preferred);
+    }
+    XtWidgetGeometry elsewhere{}, reply{};
+    elsewhere.request_mode = CWX | CWWidth;
+    EXPECT_EQ(XtQueryGeometry(graph, &elsewhere, &reply), XtGeometryYes);
+    Judged({10, 10});
+    EXPECT_EQ(XtQueryGeometry(graph, nullptr, &reply), XtGeometryAlmost);
+    EXPECT_EQ((Place{reply.width, reply.height}), (Place{60, 30})) << "the hidden root counts";
+}
+
+TEST_F(SizingTest, AGraphLivesInAShellOrInAForm) {
+    for (bool in_form : {false, true}) {
+        Widget top = MakeShell(display, "top", 50, 50);
+        Widget parent = in_form ? XmCreateForm(top, Name("form"), nullptr, 0) : top;
+        Widget any = MakeGraph(parent);
+        if (in_form)
+            XtManageChild(parent);
+        Show(top);
+        Node(any, {400, 300});
+        XmGraphLayout(any);
+        Pump();
+        EXPECT_EQ(SizeOf(any), (Place{440, 340}));
+        EXPECT_EQ(SizeOf(top), (Place{440, 340}));
+        XmGraphShowCoverWindow(any);
+        XmGraphHideCoverWindow(any);
+        EXPECT_EQ(reinterpret_cast<XmGraphWidget>(any)->graph.cover_window, None);
+        XtDestroyWidget(top);
+    }
+}
+
+// ---- Scrolled windows -----------------------------------------------------------------------------
+
+class ScrolledGraphTest : public SizingTest {
+protected:
+    Widget clip = nullptr;
+    Widget bars[2] = {};
+
+    void MakeScrolled() {
+        SetResource("*scrollBarDisplayPolicy: static");
+        graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0);
+        EXPECT_FALSE(XtIsManaged(graph));
+        XtManageChild(graph);
+        XtVaGetValues(ScrolledWindow(), XmNclipWindow, &clip, XmNverticalScrollBar, &bars[0],
+                      XmNhorizontalScrollBar, &bars[1], nullptr);
+    }
+    void ShowScrolled() {
+        MakeScrolled();
+        Show();
+        log.Add(graph, XmNgraphChangedCallback);
+    }
+    Widget ScrolledWindow() { return XtNameToWidget(shell, "graphSW"); }
+    Window Cover() { return reinterpret_cast<XmGraphWidget>(graph)->graph.cover_window; }
+    bool IsMapped(Window window) {
+        XWindowAttributes attributes{};
+        XGetWindowAttributes(display, window, &attributes);
+        return attributes.map_state != IsUnmapped;
+    }
+    // Value, increment and page increment.
+    std::vector<int> Values(Widget bar) {
+        int value = 0, slider = 0, increment = 0, page = 0;
+        XmScrollBarGetValues(bar, &value, &slider, &increment, &page);
+        return {value, increment, page};
+    }
+    void ResizeShell(int width, int height) {
+        XtVaSetValues(shell, XtNwidth, width, XtNheight, height, nullptr);
+        Pump();
+    }
+};
+
+TEST_F(ScrolledGraphTest, TheGraphIsNeverSmallerThanItsClipWindow) {
+    ShowScrolled();
+    Widget node = Node(graph);
+    XmGraphLayout(graph);
+    const Place before = SizeOf(clip);
+    EXPECT_EQ(SizeOf(graph), before);
+    XtVaSetValues(node, XtNwidth, 2000, nullptr);
+    XmGraphLayout(graph);
+    EXPECT_EQ(SizeOf(graph), (Place{2040, before.y}));
+    XtDestroyWidget(node);
+    XmGraphAdjustSize(graph);
+    EXPECT_EQ(SizeOf(graph), before);
+
+    ASSERT_GT(SizeOf(ScrolledWindow()).x - before.x, 5);
+    log.Clear();
+    ResizeShell(645, 485);
+    EXPECT_EQ(SizeOf(clip), (Place{before.x + 5, before.y + 5}));
+    EXPECT_EQ(SizeOf(graph), before) << "less than the room of the bars";
+    EXPECT_EQ(log.reasons(), (std::vector<int>{XmCR_SIZE_CHANGED}));
+    ResizeShell(745, 485);
+    EXPECT_EQ(SizeOf(graph), SizeOf(clip));
+
+    Node(graph, {2000, 30});
+    XmGraphDontAdjustSize(graph);
+    ResizeShell(800, 700);
+    XmGraphLayout(graph);
+    EXPECT_EQ(SizeOf(graph), SizeOf(clip));
+}
+
+TEST_F(ScrolledGraphTest, TheBarsStepByTheGraphsIncrement) {
+    MakeScrolled();
+    for (Widget bar : bars)
+        EXPECT_EQ(Values(bar)[1], 1) << "before the graph has a size";
+    Show();
+    Node(graph, {3000, 3000});
+    XmGraphLayout(graph);
+    for (Widget bar : bars) {
+        EXPECT_EQ(Values(bar)[1], 10);
+        XmScrollBarSetValues(bar, 40, 0, 7, 99, True);
+    }
+    XtVaSetValues(graph, XmNincrement, 25, nullptr);
+    _XmGraphFixScrollBarInc(graph);
+    for (Widget bar : bars)
+        EXPECT_EQ(Values(bar), (std::vector<int>{40, 25, 99}));
+}
+
+TEST_F(ScrolledGraphTest, EachStepOfABarIsTold) {
+    ShowScrolled();
+    Node(graph, {3000, 3000});
+    XmGraphLayout(graph);
+    Pump();
+    log.Clear();
+    Click(bars[0], SizeOf(bars[0]).x / 2, SizeOf(bars[0]).y - 5);
+    ASSERT_EQ(log.reasons(), (std::vector<int>{XmCR_GRAPH_SCROLLED}));
+    EXPECT_EQ(log.back().data.widget, nullptr);
+    EXPECT_EQ(PlaceOf(graph), (Place{0, -10}));
+}
+
+TEST_F(ScrolledGraphTest, TheCoverIsShownAsOftenAsItIsAskedForAndHiddenOtherwise) {
+    ShowScrolled();
+    ASSERT_NE(Cover(), None);
+    EXPECT_FALSE(IsMapped(Cover())) << "from the start";
+    Recorder recorder;
+    XmGraphShowCoverWindow(graph);
+    XmGraphShowCoverWindow(graph);
+    XmGraphHideCoverWindow(graph);
+    EXPECT_TRUE(IsMapped(Cover()));
+    EXPECT_EQ(recorder.Calls("XMapRaised", Cover()).size(), 1u);
+    XmGraphHideCoverWindow(graph);
+    EXPECT_FALSE(IsMapped(Cover()));
+    XMapWindow(display, Cover());
+    XmGraphHideCoverWindow(graph);
+    XmGraphHideCoverWindow(graph);
+    EXPECT_FALSE(IsMapped(Cover())) << "hidden without having been shown";
+    XmGraphShowCoverWindow(graph);
+    EXPECT_TRUE(IsMapped(Cover()));
+    XmGraphHideCoverWindow(graph);
+
+    Node(graph);
+    recorder.Clear();
+    XmGraphLayout(graph);
+    EXPECT_EQ(recorder.Calls("XMapRaised", Cover()).size(), 1u);
+    EXPECT_EQ(recorder.Calls("XUnmapWindow", Cover()).size(), 1u);
+
+    ResizeShell(700, 600);
+    XWindowAttributes attributes{};
+    XGetWindowAttributes(display, Cover(), &attributes);
+    EXPECT_EQ((Place{attributes.width, attributes.height}), SizeOf(clip));
+}
+
+} // namespace
+} // namespace corvidlmw::test
