@@ -149,39 +149,61 @@ struct ArcBlock {
 // A free block is zero but for this link, which lies over a field that the toolkit's table of
 // windows does not read.
 struct FreeBlock {
-    ArcBlock *next;
+    FreeBlock *next;
 };
-ArcBlock *free_blocks = nullptr;
 
-FreeBlock &LinkOf(ArcBlock *block) {
-    return *reinterpret_cast<FreeBlock *>(block);
+// The free blocks of one size: those of XmArc, and those of each size of a subclass's records.
+struct Pool {
+    std::size_t block_size;
+    FreeBlock *free;
+    Pool *next;
+};
+Pool arc_pool = {sizeof(ArcBlock), nullptr, nullptr};
+
+Pool &PoolFor(std::size_t block_size) {
+    Pool *pool = &arc_pool;
+    while (pool->block_size != block_size) {
+        if (!pool->next) {
+            pool->next = new Pool{block_size, nullptr, nullptr};
+        }
+        pool = pool->next;
+    }
+    return *pool;
 }
 
-ArcBlock *TakeBlock() {
-    if (!free_blocks) {
-        return reinterpret_cast<ArcBlock *>(XtCalloc(1, sizeof(ArcBlock)));
+void *TakeBlock(Pool &pool) {
+    if (!pool.free) {
+        return XtCalloc(1, static_cast<Cardinal>(pool.block_size));
     }
-    ArcBlock *block = free_blocks;
-    free_blocks = LinkOf(block).next;
-    LinkOf(block).next = nullptr;
+    FreeBlock *block = pool.free;
+    pool.free = block->next;
+    block->next = nullptr;
     return block;
 }
 
-// A subclass has a larger record. It never stands among the arcs that are managed without a window, so
-// its memory is the toolkit's as usual. Constraints larger than a graph's belong to a parent that is
-// no graph, which creation refuses.
+void GiveBack(Pool &pool, void *memory) {
+    std::memset(memory, 0, pool.block_size);
+    auto *block = static_cast<FreeBlock *>(memory);
+    block->next = pool.free;
+    pool.free = block;
+}
+
+Pool &PoolOf(WidgetClass widget_class) {
+    return widget_class == xmArcWidgetClass ? arc_pool
+                                            : PoolFor(widget_class->core_class.widget_size);
+}
+
+// Constraints larger than a graph's belong to a parent that is no graph, which creation refuses.
 void AllocateArc(WidgetClass widget_class, Cardinal *constraint_size, Cardinal *more_bytes, ArgList,
                  Cardinal *, XtTypedArgList, Cardinal *, Widget *new_w,
                  XtPointer *more_bytes_return) {
     const bool plain = widget_class == xmArcWidgetClass;
     const bool fits = plain && *constraint_size <= sizeof(XmGraphConstraintRec);
-    ArcBlock *block = plain ? TakeBlock() : nullptr;
-    Widget w = plain ? reinterpret_cast<Widget>(block)
-                     : reinterpret_cast<Widget>(XtCalloc(1, widget_class->core_class.widget_size));
+    auto w = static_cast<Widget>(TakeBlock(PoolOf(widget_class)));
     if (*constraint_size == 0) {
         w->core.constraints = nullptr;
     } else if (fits) {
-        w->core.constraints = &block->constraints;
+        w->core.constraints = &reinterpret_cast<ArcBlock *>(w)->constraints;
     } else {
         w->core.constraints = XtCalloc(1, *constraint_size);
     }
@@ -198,13 +220,7 @@ void DeallocateArc(Widget w, XtPointer more_bytes) {
     if (!plain || w->core.constraints != &block->constraints) {
         XtFree(static_cast<char *>(w->core.constraints));
     }
-    if (!plain) {
-        XtFree(reinterpret_cast<char *>(w));
-        return;
-    }
-    std::memset(static_cast<void *>(block), 0, sizeof *block);
-    LinkOf(block).next = free_blocks;
-    free_blocks = block;
+    GiveBack(PoolOf(XtClass(w)), w);
 }
 
 // A subclass that leaves the procedure out gets this class's.
@@ -381,10 +397,15 @@ void RealizeStub(Widget, XtValueMask *, XSetWindowAttributes *) {}
 
 void LeaveDoomed(Widget arc) {
     auto &doomed = StateOf(XtParent(arc)).doomed_arcs;
+    if (!doomed.empty() && doomed.front().arc == arc) {
+        StopWaiting(doomed.front());
+        doomed.pop_front();
+        return;
+    }
     auto found = std::find_if(doomed.rbegin(), doomed.rend(),
                               [&](const DoomedArc &d) { return d.arc == arc; });
     if (found != doomed.rend()) {
-        XtRemoveWorkProc(found->work_proc);
+        StopWaiting(*found);
         doomed.erase(std::next(found).base());
     }
 }

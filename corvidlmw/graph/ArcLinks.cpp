@@ -84,23 +84,26 @@ void UnlinkNeighbours(Widget graph, NodePtr from, NodePtr to) {
 
 Boolean reallyDestroyArc(XtPointer client_data) {
     auto arc = static_cast<Widget>(client_data);
+    // The latest work procedure runs first.
     auto &doomed = StateOf(XtParent(arc)).doomed_arcs;
-    std::erase_if(doomed, [&](const DoomedArc &d) { return d.arc == arc; });
+    auto found = std::find_if(doomed.rbegin(), doomed.rend(),
+                              [&](const DoomedArc &d) { return d.arc == arc; });
+    if (found != doomed.rend()) {
+        found->work_proc = 0;
+    }
     XtDestroyWidget(arc);
     return True;
 }
 
 // ---- Death of a node -------------------------------------------------------------------------------------------------
 
-// The toolkit is in the middle of a destruction, so the arc goes later, unless the graph goes too.
+// The toolkit is in the middle of a destruction, so the arc goes later. A graph that is going takes it
+// along at its end: destroyed here, it could outlive a graph that dies right after this node.
 void Doom(Widget graph, Widget arc) {
-    if (IsBeingDestroyed(graph)) {
-        XtDestroyWidget(arc);
-    } else if (!IsBeingDestroyed(arc)) {
-        const XtWorkProcId work_proc =
-            XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc);
-        StateOf(graph).doomed_arcs.push_back({arc, work_proc});
-    }
+    const bool waits = !IsBeingDestroyed(graph) && !IsBeingDestroyed(arc);
+    const XtWorkProcId work_proc =
+        waits ? XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc) : 0;
+    StateOf(graph).doomed_arcs.push_back({arc, work_proc});
 }
 
 // Unmanaging calls the client, who may destroy arcs of the list: what is left is asked for anew.
@@ -120,6 +123,16 @@ void DropArcs(Widget graph, XmGraphNodeList &list) {
         ForgetObject(graph, arc);
         Doom(graph, arc);
     }
+}
+
+// The toolkit destroys an arc's graph before the arc, if a client asked for both in that order inside
+// of one dispatch: it does not know them for parent and child. Such an arc gets a parent that lives as
+// long as the display.
+void OrphanArc(Widget graph, Widget arc) {
+    XtRemoveCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
+    DoRemoveArc(graph, arc);
+    arc->core.managed = False;
+    arc->core.parent = XtHooksOfDisplay(XtDisplay(arc));
 }
 
 // No list of another node may name it once its record is freed.
@@ -255,14 +268,19 @@ void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
     node->tree_children.count = 0;
 }
 
-// The latest first: the toolkit keeps the work procedures in that order.
+// The latest first: the toolkit keeps the work procedures in that order. An arc leaves the list as it
+// dies.
 void DestroyDoomedArcs(Widget graph) {
     auto &doomed = StateOf(graph).doomed_arcs;
     while (!doomed.empty()) {
-        const DoomedArc last = doomed.back();
-        doomed.pop_back();
-        XtRemoveWorkProc(last.work_proc);
-        XtDestroyWidget(last.arc);
+        StopWaiting(doomed.back());
+        Widget arc = doomed.back().arc;
+        if (IsBeingDestroyed(arc)) {
+            doomed.pop_back();
+            OrphanArc(graph, arc);
+        } else {
+            XtDestroyWidget(arc);
+        }
     }
 }
 

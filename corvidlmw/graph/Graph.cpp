@@ -554,8 +554,8 @@ void Destroy(Widget w) {
     UnveilArcs(w);
     DetachFromScrolledWindow(w);
     ForgetButterflyRoot(w);
-    DestroyDoomedArcs(w);
     DestroyAllArcs(w);
+    DestroyDoomedArcs(w);
     _XmGraphNodeListFree(&graph.selected_arcs);
     // Shared by all graphs: the next one that needs it grows it anew.
     _XmGraphNodeListFree(&return_widget_list);
@@ -620,7 +620,13 @@ Cardinal InsertPosition(Widget child) {
 
 void InsertNode(Widget w, Widget child) {
     auto &composite = reinterpret_cast<CompositeWidget>(w)->composite;
-    XtAddCallback(child, XmNdestroyCallback, destroy_node_callback, w);
+    // An arc of a subclass has ends to leave and no window to map, like any other.
+    if (XmIsArc(child)) {
+        XtAddCallback(child, XmNdestroyCallback, destroy_arc_callback, nullptr);
+        child->core.mapped_when_managed = False;
+    } else {
+        XtAddCallback(child, XmNdestroyCallback, destroy_node_callback, w);
+    }
     ApplyEditMode(w, {&child, 1});
     const Cardinal position = InsertPosition(child);
     if (composite.num_children == composite.num_slots) {

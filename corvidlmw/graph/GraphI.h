@@ -7,6 +7,7 @@
 #include <corvidlmw/graph/ArcP.h>
 #include <corvidlmw/graph/GraphP.h>
 
+#include <deque>
 #include <span>
 #include <unordered_set>
 #include <vector>
@@ -101,11 +102,19 @@ extern RectangleBatch overview_rectangle_list;
 
 class Watch;
 
-// An arc that lost a node; a work procedure destroys it.
+// An arc that left `arcs` and is not dead yet: a work procedure destroys it, or, with none, the
+// toolkit at the end of a dispatch.
 struct DoomedArc {
     Widget arc;
     XtWorkProcId work_proc;
 };
+
+inline void StopWaiting(DoomedArc &doomed) {
+    if (doomed.work_proc) {
+        XtRemoveWorkProc(doomed.work_proc);
+        doomed.work_proc = 0;
+    }
+}
 
 // An arc that was taken out of `arcs` to be destroyed; zero once it is.
 struct TakenArc {
@@ -120,7 +129,7 @@ struct GraphState {
     int layout_depth = 0;
     bool veiled = false; // see VeilArcs
     unsigned long next_arc_serial = 1;
-    std::vector<DoomedArc> doomed_arcs;          // in the order of their work procedures
+    std::deque<DoomedArc> doomed_arcs;           // in the order of their work procedures
     std::vector<TakenArc> *taken_arcs = nullptr; // while all arcs are being destroyed
     // Nodes whose `tree_children` may name a node that no arc leads to any more.
     std::unordered_set<NodePtr> stale_owners;

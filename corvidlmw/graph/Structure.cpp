@@ -163,6 +163,10 @@ void DestroyAllArcs(Widget w) {
             assert(XtIsObject(entry.arc));
             XtDestroyWidget(entry.arc);
         }
+        // Inside of a dispatch it lives on for a while, and may outlive its graph.
+        if (entry.arc && !watch.Died()) {
+            StateOf(w).doomed_arcs.push_back({entry.arc, 0});
+        }
     }
     if (!watch.Died()) {
         StateOf(w).taken_arcs = outer;
