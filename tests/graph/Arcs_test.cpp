@@ -1,0 +1,203 @@
+#include <tests/graph/GraphLife.h>
+
+namespace {
+
+using namespace corvidlmw::test;
+
+class ArcsTest : public GraphLifeTest {
+protected:
+    Widget a = nullptr;
+    Widget b = nullptr;
+    Widget c = nullptr;
+
+    void SetUp() override {
+        GraphLifeTest::SetUp();
+        MakeGraph();
+        a = MakeNode("a", 20, 20);
+        b = MakeNode("b", 200, 20);
+        c = MakeNode("c", 200, 200);
+    }
+
+    static void ExpectDetached(Widget arc) {
+        EXPECT_EQ(ArcPartOf(arc).to, nullptr);
+        EXPECT_EQ(ArcPartOf(arc).from, nullptr);
+        EXPECT_EQ(ArcPartOf(arc).siblings, nullptr);
+    }
+
+    static std::vector<int> RanksOf(const Widgets &arcs) {
+        std::vector<int> ranks;
+        for (Widget arc : arcs)
+            ranks.push_back(_sibling_rank(arc));
+        return ranks;
+    }
+};
+
+using Ranks = std::vector<int>;
+
+TEST_F(ArcsTest, AnArcStandsAmongTheArcsOnlyAndInTheListsOfBothEnds) {
+    Widget arc = MakeArc(a, b);
+
+    EXPECT_EQ(ArcsOf(graph), Widgets{arc});
+    EXPECT_EQ(NodesOf(graph), (Widgets{a, b, c}));
+    EXPECT_EQ(ValueOf(arc, XmNmappedWhenManaged), False);
+    EXPECT_EQ(NodeRecOf(arc), nullptr);
+    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{arc});
+    EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
+    EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{b});
+    EXPECT_EQ(NodesIn(NodeRecOf(a)->tree_children), Widgets{b});
+    EXPECT_EQ(NodesIn(NodeRecOf(b)->parents), Widgets{a});
+    EXPECT_EQ(NodeRecOf(a)->parents.count + NodeRecOf(b)->children.count, 0);
+    EXPECT_EQ(ArcPartOf(arc).siblings, nullptr);
+}
+
+TEST_F(ArcsTest, ParallelArcsInEitherDirectionShareOneList) {
+    Widget first = MakeArc(a, b);
+    Widget same = MakeArc(a, b);
+    EXPECT_EQ(SiblingsOf(first), (Widgets{first, same}));
+    Widget opposite = MakeArc(b, a);
+    const Widgets all = {first, same, opposite};
+    for (Widget arc : all)
+        EXPECT_EQ(SiblingsOf(arc), all);
+    EXPECT_EQ(ArcPartOf(first).siblings, ArcPartOf(opposite).siblings);
+    EXPECT_EQ(RanksOf(all), (Ranks{0, 1, 2}));
+    EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{b});
+    EXPECT_EQ(NodesIn(NodeRecOf(a)->parents), Widgets{b});
+
+    XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
+    EXPECT_EQ(RanksOf(all), (Ranks{0, 0, 0}));
+}
+
+TEST_F(ArcsTest, TheArcsBehindOneThatGoesMoveDownOneRank) {
+    const Widgets all = {MakeArc(a, b), MakeArc(b, a), MakeArc(a, b)};
+    XtDestroyWidget(all[1]);
+    EXPECT_EQ(SiblingsOf(all[0]), (Widgets{all[0], all[2]}));
+    EXPECT_EQ(RanksOf({all[0], all[2]}), (Ranks{0, 1}));
+    // Only a list of two has an end: who is left is alone. The nodes part with any of their arcs.
+    XtDestroyWidget(all[0]);
+    EXPECT_EQ(ArcPartOf(all[2]).siblings, nullptr);
+    EXPECT_EQ(_sibling_rank(all[2]), 0);
+    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{all[2]});
+    EXPECT_EQ(NodeRecOf(a)->children.count, 0);
+    EXPECT_EQ(NodeRecOf(b)->parents.count, 0);
+}
+
+TEST_F(ArcsTest, ADyingTwinCountsForNoRank) {
+    const Widgets all = {MakeArc(a, b), MakeArc(a, b), MakeArc(a, b)};
+    Show();
+    InDispatch([&] {
+        XtDestroyWidget(all[0]);
+        EXPECT_EQ(SiblingsOf(all[2]), all);
+        EXPECT_EQ(RanksOf({all[1], all[2]}), (Ranks{0, 1}));
+    });
+    EXPECT_EQ(SiblingsOf(all[2]), (Widgets{all[1], all[2]}));
+}
+
+TEST_F(ArcsTest, ALoopIsInBothListsOfItsNode) {
+    Widget loop = MakeArc(a, a);
+    Widget second = MakeArc(a, a);
+    NodePtr node = NodeRecOf(a);
+    EXPECT_EQ(ArcsIn(node->from_arcs), (Widgets{loop, second}));
+    EXPECT_EQ(ArcsIn(node->to_arcs), (Widgets{loop, second}));
+    EXPECT_EQ(NodesIn(node->children), Widgets{a});
+    EXPECT_EQ(NodesIn(node->parents), Widgets{a});
+    EXPECT_EQ(SiblingsOf(loop), (Widgets{loop, second}));
+    XtDestroyWidget(loop);
+    XtDestroyWidget(second);
+    EXPECT_EQ(node->from_arcs.count + node->to_arcs.count, 0);
+    EXPECT_EQ(node->children.count + node->parents.count, 0);
+}
+
+// ---- Ends that are missing or foreign -----------------------------------------------
+
+TEST_F(ArcsTest, AnArcWithoutBothEndsIsDetached) {
+    ExpectDetached(XmCreateArc(graph, Name("none"), nullptr, 0));
+    ExpectDetached(XtVaCreateWidget("from", xmArcWidgetClass, graph, XmNfrom, a, nullptr));
+    EXPECT_TRUE(warnings().empty());
+    ExpectDetached(XtVaCreateWidget("to", xmArcWidgetClass, graph, XmNto, a, nullptr));
+    EXPECT_EQ(warnings(),
+              std::vector<std::string>{
+                  "You must specify both a to and from widget when creating an XmArcWidget"});
+    ExpectWarning("You must specify both a to and from widget when creating an XmArcWidget");
+    EXPECT_EQ(NodeRecOf(a)->from_arcs.count + NodeRecOf(a)->to_arcs.count, 0);
+    Show();
+    XtManageChildren(ArcsOf(graph).data(), 3);
+    Pump();
+    XtDestroyWidget(a);
+}
+
+TEST_F(ArcsTest, ADetachedArcIsAttachedByBothEndsTogether) {
+    Widget twin = MakeArc(a, b);
+    Widget arc = XmCreateArc(graph, Name("arc"), nullptr, 0);
+    XtVaSetValues(arc, XmNfrom, a, XmNto, b, nullptr);
+    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), (Widgets{twin, arc}));
+    EXPECT_EQ(SiblingsOf(arc), (Widgets{twin, arc}));
+    XtVaSetValues(arc, XmNfrom, b, XmNto, c, nullptr);
+    EXPECT_EQ(ArcsIn(NodeRecOf(b)->from_arcs), Widgets{arc});
+    EXPECT_EQ(ArcsIn(NodeRecOf(c)->to_arcs), Widgets{arc});
+    EXPECT_EQ(NodesIn(NodeRecOf(b)->children), Widgets{c});
+    EXPECT_EQ(ArcPartOf(twin).siblings, nullptr);
+}
+
+TEST_F(ArcsTest, MovingOneOfTwoEndsKeepsTheOther) {
+    Widget arc = MakeArc(a, b);
+    XtVaSetValues(arc, XmNto, c, XmNforeground, Pixel{0x44}, nullptr);
+    EXPECT_EQ(ArcPartOf(arc).from, a);
+    EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{c});
+    EXPECT_EQ(NodeRecOf(b)->to_arcs.count + NodeRecOf(b)->parents.count, 0);
+    EXPECT_EQ(ArcPartOf(arc).foreground, 0x44u);
+    Position x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    XmArcGetPos(arc, &x1, &y1, &x2, &y2);
+    EXPECT_EQ(arc->core.x, x1);
+    EXPECT_EQ(static_cast<Position>(arc->core.height), y2);
+}
+
+TEST_F(ArcsTest, AnEndSetToNothingWarnsAndChangesNothing) {
+    Widget arc = MakeArc(a, b);
+    XtVaSetValues(arc, XmNto, nullptr, nullptr);
+    EXPECT_EQ(warnings(),
+              std::vector<std::string>{"Arc widget should have non-null to and from widgets"});
+    ExpectWarning("Arc widget should have non-null to and from widgets");
+    EXPECT_EQ(ArcPartOf(arc).to, b);
+    EXPECT_EQ(ArcPartOf(arc).from, a);
+    EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
+}
+
+TEST_F(ArcsTest, EndsThatAreNoNodesOfThisGraphAttachNothing) {
+    Widget other = XmCreateGraph(XtVaCreateWidget("box", xmGraphWidgetClass, graph, nullptr),
+                                 Name("other"), nullptr, 0);
+    Widget foreign = XtVaCreateWidget("node", xmPushButtonGadgetClass, other, nullptr);
+    Widget arc = MakeArc(a, b);
+    for (Widget end : {foreign, graph, arc, shell}) {
+        ExpectDetached(MakeArc(end, b));
+        ExpectDetached(MakeArc(a, end));
+        XtVaSetValues(arc, XmNto, end, nullptr);
+        EXPECT_EQ(ArcPartOf(arc).to, b);
+    }
+    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{arc});
+    EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
+    EXPECT_EQ(NodeRecOf(foreign)->from_arcs.count + NodeRecOf(foreign)->to_arcs.count, 0);
+}
+
+TEST_F(ArcsTest, ADyingNodeTakesNoNewArc) {
+    struct Late {
+        Widget graph, end, arc;
+    } late{graph, b, nullptr};
+    XtAddCallback(
+        a, XtNdestroyCallback,
+        [](Widget dying, XtPointer closure, XtPointer) {
+            auto *l = static_cast<Late *>(closure);
+            l->arc = XmCreateAttachedArc(l->graph, Name("late"), dying, l->end, nullptr, 0);
+        },
+        &late);
+    XtDestroyWidget(a);
+    ASSERT_TRUE(late.arc);
+    ExpectDetached(late.arc);
+    EXPECT_EQ(NodeRecOf(b)->to_arcs.count + NodeRecOf(b)->parents.count, 0);
+}
+
+TEST_F(ArcsTest, AnArcOutsideOfAGraphIsFatal) {
+    ExpectFatal([](Widget any_shell) { XmCreateArc(any_shell, Name("arc"), nullptr, 0); },
+                "Arc widget can only be managed by an XmGraph widget");
+}
+
+} // namespace
