@@ -1,0 +1,439 @@
+/* What arcs paint, erase and paint again. */
+
+#include <tests/graph/DrawnGraph.h>
+
+#include <Xm/DrawingA.h>
+#include <Xm/PushB.h>
+#include <Xm/PushBG.h>
+#include <Xm/ScrollBar.h>
+#include <Xm/ScrolledW.h>
+
+namespace corvidlmw::graph {
+namespace {
+
+using namespace test;
+using Numbers = std::vector<long>;
+
+constexpr XRectangle left_place = {50, 100, 60, 40};
+constexpr XRectangle right_place = {250, 100, 60, 40};
+// The line between the two.
+const Numbers line = {110, 120, 250, 120};
+
+class ArcDrawing : public DrawnGraph {
+protected:
+    void SetUp() override {
+        DrawnGraph::SetUp();
+        left = Node(left_place);
+        right = Node(right_place);
+    }
+
+    // Numbers of the calls of one function.
+    static std::vector<Numbers> Of(const std::vector<Call> &calls, const char *function) {
+        std::vector<Numbers> all;
+        for (const Call &call : calls)
+            if (call.function == function)
+                all.push_back(call.numbers);
+        return all;
+    }
+
+    // Made once: the toolkit leaks a part of each such table that is freed.
+    XmRenderTable XftFont() {
+        static XmRenderTable table = nullptr;
+        if (!table) {
+            Arg args[] = {{Name(XmNfontType), XmFONT_IS_XFT},
+                          {Name(XmNfontName), reinterpret_cast<XtArgVal>("DejaVu Serif")},
+                          {Name(XmNfontSize), 14}};
+            XmRendition rendition =
+                XmRenditionCreate(graph, Name(XmFONTLIST_DEFAULT_TAG), args, XtNumber(args));
+            table = XmRenderTableAddRenditions(nullptr, &rendition, 1, XmMERGE_REPLACE);
+            XmRenditionFree(rendition);
+        }
+        return table;
+    }
+
+    // Arcs of every kind, crossing one another, two nodes with text, and one node in the way.
+    void BuildScene(XmRenderTable fonts) {
+        XtVaSetValues(graph, XmNhighlightColor, Colour("green"), nullptr);
+        Widget up = Node({140, 20, 70, 30}, xmPushButtonGadgetClass, "up");
+        Widget down = Node({300, 260, 90, 40}, xmPushButtonGadgetClass, "down");
+        Node({170, 105, 30, 30}, xmPushButtonGadgetClass, "in the way");
+        auto arc = [&](Widget from, Widget to, auto... args) {
+            all.push_back(Arc(from, to, XmNfontList, fonts, args...));
+        };
+        arc(left, right, XmNmapLabel, True, XmNarcDirection, XmDIRECTED);
+        arc(right, left, XmNarcDirection, XmBIDIRECTED, XmNarcWidth, 3, XmNmapLabel, True);
+        arc(left, right, XmNstyle, LineOnOffDash, XmNarcWidth, 2);
+        arc(up, down, XmNarcWidth, 7, XmNcapStyle, CapProjecting, XmNforeground, Colour("red"));
+        arc(up, right, XmNhighlight, True, XmNmapLabel, True, XmNarcDirection, XmDIRECTED);
+        arc(down, left, XmNmapLabel, True, XmNforeground, Colour("blue"));
+        for (int i = 0; i < 5; i++)
+            arc(down, down, XmNarcDirection, XmBIDIRECTED, XmNmapLabel, i != 2);
+    }
+
+    void ExpectExactPartialRepaints();
+
+    Widget left = nullptr;
+    Widget right = nullptr;
+    std::vector<Widget> all;
+};
+
+// ---- Shapes ------------------------------------------------------------------------------------
+
+TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
+    Widget arc = Arc(left, right);
+    Show();
+    const Numbers at_end = {250, 120, 244, 117, 244, 123};
+    const Numbers at_start = {110, 120, 116, 123, 116, 117};
+    const struct {
+        int direction;
+        std::vector<Numbers> heads;
+    } cases[] = {{XmUNDIRECTED, {}}, {XmDIRECTED, {at_end}}, {XmBIDIRECTED, {at_end, at_start}}};
+    for (const auto &expected : cases) {
+        XtVaSetValues(arc, XmNarcDirection, expected.direction, nullptr);
+        const auto calls = Repaint();
+        EXPECT_EQ(Of(calls, "XDrawLine"), std::vector<Numbers>{line}) << expected.direction;
+        EXPECT_EQ(Of(calls, "XFillPolygon"), expected.heads) << expected.direction;
+    }
+}
+
+TEST_F(ArcDrawing, ParallelArcsBowToAlternateSidesWhereTwinsAreVisible) {
+    for (int i = 0; i < 3; i++)
+        Arc(i == 1 ? left : right, i == 1 ? right : left, XmNmapLabel, i == 2, XmNarcDirection,
+            i == 1 ? XmDIRECTED : XmUNDIRECTED);
+    Show();
+    auto calls = Repaint();
+    EXPECT_EQ(Of(calls, "XDrawLine"), (std::vector<Numbers>{{250, 120, 110, 120}}));
+    const auto curves = Of(calls, "XDrawLines");
+    ASSERT_EQ(curves.size(), 2u);
+    for (const Numbers &points : curves)
+        ASSERT_EQ(points.size(), 40u);
+    // The control points lie 40 pixels beside the line, the middle of a curve half as far.
+    EXPECT_NEAR(static_cast<double>(curves[0][21]), 100, 1);
+    EXPECT_NEAR(static_cast<double>(curves[1][21]), 140, 1);
+    EXPECT_EQ(curves[0][0], 110);
+    EXPECT_EQ(curves[0][38], 243) << "a curve stops at 95 percent of its way";
+    EXPECT_EQ(curves[1][0], 250);
+    const auto heads = Of(calls, "XFillPolygon");
+    ASSERT_EQ(heads.size(), 1u);
+    EXPECT_NEAR(static_cast<double>(heads[0][3] + heads[0][5]) / 2, 117, 1)
+        << "it comes from the control point";
+    const auto labels = Of(calls, "_XmStringDraw");
+    ASSERT_EQ(labels.size(), 1u);
+    EXPECT_EQ(labels[0][0], curves[1][20]);
+    EXPECT_LT(labels[0][1], curves[1][21] - 5) << "it stands on the curve";
+
+    XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
+    calls = Repaint();
+    EXPECT_EQ(Of(calls, "XDrawLine").size(), 3u);
+    EXPECT_EQ(Of(calls, "XDrawLines").size(), 0u);
+}
+
+TEST_F(ArcDrawing, EndsFollowTheDrawMode) {
+    for (int i = 0; i < 2; i++)
+        Arc(left, right, XmNfromSide, XmARC_BOTTOM, XmNfromPosition, 25, XmNtoSide, XmARC_TOP,
+            XmNtoPosition, i ? 75 : 50);
+    Show();
+    XtVaSetValues(graph, XmNarcDrawMode, XmPOSITION_PROPORTIONAL, nullptr);
+    EXPECT_EQ(Of(Repaint(), "XDrawLine"),
+              (std::vector<Numbers>{{65, 140, 280, 100}, {65, 140, 295, 100}}));
+    XtVaSetValues(graph, XmNarcDrawMode, XmPOSITION_FIXED, XmNtwinsVisible, False, nullptr);
+    EXPECT_EQ(Of(Repaint(), "XDrawLine"), (std::vector<Numbers>{line, line}));
+    XtVaSetValues(
+        graph, XmNlayoutProc, +[](Widget) {}, XmNorientation, XmVERTICAL, nullptr);
+    const Numbers from_bottom = {80, 140, 280, 100};
+    EXPECT_EQ(Of(Repaint(), "XDrawLine"), (std::vector<Numbers>{from_bottom, from_bottom}));
+}
+
+TEST_F(ArcDrawing, FourLoopsStandOnFourSidesAndTheFifthOnTheFirst) {
+    Widget loop = nullptr;
+    for (int i = 0; i < 5; i++)
+        loop = Arc(left, left, XmNmapLabel, i < 4);
+    Show();
+    const auto calls = Repaint();
+    const Numbers above = {65, 60, 30, 60, -1920, 15360};
+    EXPECT_EQ(Of(calls, "XDrawArc"), (std::vector<Numbers>{above,
+                                                           {14, 80, 60, 80, 1920, 20864},
+                                                           {65, 120, 30, 60, 1920, -15360},
+                                                           {86, 80, 60, 80, 9600, -19200},
+                                                           above}));
+    const int width = PartOf(loop).label_width;
+    const int height = PartOf(loop).label_height;
+    const XPoint at[] = {{80, 60}, {14, 120}, {80, 180}, {146, 120}};
+    std::vector<Numbers> labels;
+    for (int rank = 0; rank < 4; rank++)
+        labels.push_back({at[rank].x - (rank % 2 ? width / 2 : 0), at[rank].y - height, width,
+                          XmALIGNMENT_CENTER, 0});
+    EXPECT_EQ(Of(calls, "_XmStringDraw"), labels);
+}
+
+TEST_F(ArcDrawing, ALabelStandsAboveTheMiddleOnceItIsMapped) {
+    Widget arc = Arc(left, right);
+    Show();
+    EXPECT_TRUE(Of(Repaint(), "_XmStringDraw").empty());
+    XtVaSetValues(arc, XmNmapLabel, True, nullptr);
+    const XmArcPart &part = PartOf(arc);
+    ASSERT_GT(part.label_height, 0);
+    EXPECT_EQ(Of(Repaint(), "_XmStringDraw"),
+              (std::vector<Numbers>{
+                  {180, 120 - part.label_height, part.label_width, XmALIGNMENT_CENTER, 0}}));
+}
+
+TEST_F(ArcDrawing, LineAttributesReachTheGCs) {
+    Widget arc = Arc(left, right, XmNarcWidth, 5, XmNstyle, LineOnOffDash, XmNdashOffset, 3,
+                     XmNforeground, Colour("red"));
+    const unsigned long mask = GCLineWidth | GCLineStyle | GCCapStyle | GCForeground | GCDashOffset;
+    auto check = [&](GC gc, XGCValues expected) {
+        XGCValues values{};
+        XGetGCValues(display, gc, mask, &values);
+        EXPECT_EQ(values.line_width, expected.line_width);
+        EXPECT_EQ(values.line_style, expected.line_style);
+        EXPECT_EQ(values.cap_style, expected.cap_style);
+        EXPECT_EQ(values.foreground, expected.foreground);
+        EXPECT_EQ(values.dash_offset, expected.dash_offset);
+    };
+    XGCValues expected{};
+    expected.line_width = 5;
+    expected.line_style = LineOnOffDash;
+    expected.cap_style = CapButt; // what a new arc takes CapNotLast for
+    expected.dash_offset = 3;
+    expected.foreground = White();
+    check(PartOf(arc).clear_gc, expected);
+    expected.foreground = Colour("red");
+    check(PartOf(arc).gc, expected);
+
+    XtVaSetValues(arc, XmNarcWidth, 0, XmNcapStyle, CapRound, nullptr);
+    expected.line_width = 0;
+    expected.cap_style = CapRound;
+    check(PartOf(arc).gc, expected);
+}
+
+// ---- GCs that others share --------------------------------------------------------------------
+
+TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
+    XtVaSetValues(graph, XmNhighlightColor, Colour("red"), nullptr);
+    Widget arc = Arc(left, right, XmNarcDirection, XmDIRECTED, XmNmapLabel, True);
+    Widget other = Arc(right, left);
+    Show();
+    ASSERT_EQ(PartOf(arc).gc, PartOf(other).gc);
+    _XmHighlightArc(arc);
+    EXPECT_TRUE(PartOf(arc).highlight);
+
+    const XRectangle exposed = {120, 60, 100, 100};
+    Recorder recorder;
+    Uncover(exposed);
+    XDrawLine(display, XtWindow(graph), PartOf(arc).gc, 0, 400, 600, 400);
+    const auto calls = ByArcs(recorder);
+    ASSERT_EQ(calls.size(), 5u);
+    for (size_t i = 0; i < 3; i++)
+        EXPECT_EQ(calls[i].foreground, Colour("red")) << calls[i];
+    for (size_t i = 0; i < 4; i++)
+        EXPECT_EQ(calls[i].clip_box, exposed) << calls[i];
+    EXPECT_EQ(calls[3].function, "XDrawLines");
+    EXPECT_EQ(calls[3].foreground, Black()) << "the highlight reached an arc with the same GC";
+    EXPECT_EQ(calls[4].foreground, Black());
+    EXPECT_FALSE(calls[4].clip_box);
+
+    recorder.Clear();
+    _XmUnhighlightArc(arc);
+    const auto back = recorder.Calls("XDrawLine", XtWindow(graph));
+    ASSERT_EQ(back.size(), 2u);
+    EXPECT_EQ(back[0].foreground, White());
+    EXPECT_EQ(back[1].foreground, Black());
+}
+
+TEST_F(ArcDrawing, AnUnmanagedArcDrawsNothing) {
+    Widget arc = XmCreateAttachedArc(graph, Name("arc"), left, right, nullptr, 0);
+    Show();
+    _XmHighlightArc(arc);
+    EXPECT_TRUE(Repaint().empty());
+    EXPECT_FALSE(PartOf(arc).drawn);
+    XtManageChild(arc);
+    EXPECT_EQ(Repaint().size(), 1u);
+    EXPECT_TRUE(PartOf(arc).drawn);
+}
+
+// ---- Erasing ------------------------------------------------------------------------------------
+
+TEST_F(ArcDrawing, ErasingLeavesExactlyTheBackground) {
+    BuildScene(XftFont());
+    XtUnmanageChildren(all.data(), static_cast<Cardinal>(all.size()));
+    Show();
+    const Picture empty = Picture::Of(graph);
+    for (Widget arc : all) {
+        XtManageChild(arc);
+        Pump();
+        ASSERT_NE(Picture::Of(graph), empty);
+        _EraseArc(arc);
+        _RefreshGadgets(graph, nullptr);
+        EXPECT_TRUE(SamePicture(empty, Picture::Of(graph)));
+        XtUnmanageChild(arc);
+        Pump();
+    }
+}
+
+TEST_F(ArcDrawing, AChangedLookLeavesNothingOfTheOldOne) {
+    Widget arc = Arc(left, right, XmNarcWidth, 9, XmNmapLabel, True, XmNstyle, LineOnOffDash);
+    XtVaSetValues(graph, XmNhighlightColor, Colour("green"), nullptr);
+    Show();
+    XmString longer = XmStringCreateLocalized(Name("a longer label"));
+    const std::pair<const char *, XtArgVal> changes[] = {
+        {XmNforeground, static_cast<XtArgVal>(Colour("red"))},
+        {XmNdashes, 11},
+        {XmNarcWidth, 1},
+        {XmNhighlight, True},
+        {XmNlabelString, reinterpret_cast<XtArgVal>(longer)},
+        {XmNmapLabel, False},
+    };
+    for (const auto &[name, value] : changes) {
+        const Picture before = Picture::Of(graph);
+        XtVaSetValues(arc, name, value, nullptr);
+        const Picture changed = Picture::Of(graph);
+        EXPECT_NE(changed, before) << name;
+        Uncover();
+        EXPECT_TRUE(SamePicture(Picture::Of(graph), changed)) << name;
+    }
+    XmStringFree(longer);
+}
+
+TEST_F(ArcDrawing, AnArcIsErasedAsItWasDrawnLast) {
+    Arc(left, right);
+    Widget curve = Arc(left, right);
+    Show();
+    XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
+    Recorder recorder;
+    _EraseArc(curve);
+    _EraseArc(curve);
+    const auto calls = ByArcs(recorder);
+    ASSERT_EQ(calls.size(), 1u) << "an erased arc is not erased again";
+    EXPECT_EQ(calls[0].function, "XDrawLines");
+    EXPECT_EQ(calls[0].foreground, White());
+}
+
+TEST_F(ArcDrawing, MovingANodeTakesItsArcsAlong) {
+    Widget kept = Node({400, 300, 40, 40});
+    for (Widget from : {left, left, right})
+        Arc(from, right, XmNarcDirection, XmDIRECTED, XmNmapLabel, True);
+    Arc(left, kept);
+    Show();
+    Recorder recorder;
+    EXPECT_TRUE(XmGraphMoveNode(graph, right, 250, 300));
+    auto calls = recorder.Calls("XDrawLine", XtWindow(graph));
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].numbers, line);
+    EXPECT_EQ(calls[0].foreground, White());
+    EXPECT_EQ(calls[1].foreground, Black());
+    recorder.Stop();
+    Pump();
+    const Picture moved = Picture::Of(graph);
+    Uncover();
+    EXPECT_TRUE(SamePicture(Picture::Of(graph), moved));
+}
+
+TEST_F(ArcDrawing, TheTwinsBehindARemovedOneMoveUp) {
+    Widget first = Arc(left, right);
+    Widget second = Arc(left, right);
+    Widget third = Arc(left, right);
+    Show();
+    Recorder recorder;
+    XtDestroyWidget(second);
+    const auto calls = ByArcs(recorder);
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].foreground, White());
+    EXPECT_GT(calls[0].numbers[21], 120) << "the third was below";
+    EXPECT_EQ(calls[1].foreground, Black());
+    EXPECT_LT(calls[1].numbers[21], 120);
+    EXPECT_EQ(PartOf(third).sibling_rank, 1);
+    XtDestroyWidget(first);
+    EXPECT_EQ(Of(Repaint(), "XDrawLine"), std::vector<Numbers>{line});
+}
+
+// ---- Exposures -----------------------------------------------------------------------------------
+
+void ArcDrawing::ExpectExactPartialRepaints() {
+    Random random;
+    Uncover();
+    const Picture whole = Picture::Of(graph);
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True;
+    for (int i = 0; i < 40; i++) {
+        // Around something painted, so that few rectangles meet many edges.
+        XRectangle r[2];
+        for (XRectangle &each : r) {
+            XPoint p;
+            do {
+                p = {static_cast<short>(random.Between(0, 470)),
+                     static_cast<short>(random.Between(0, 350))};
+            } while (whole.At(p.x, p.y) == White());
+            const int reach = i % 4 ? 6 : 90;
+            each = {static_cast<short>(p.x - random.Between(0, reach)),
+                    static_cast<short>(p.y - random.Between(0, reach)),
+                    static_cast<unsigned short>(random.Between(1, 2 * reach)),
+                    static_cast<unsigned short>(random.Between(1, 2 * reach))};
+        }
+        if (i % 2) {
+            XClearArea(display, XtWindow(graph), r[0].x, r[0].y, r[0].width, r[0].height, True);
+            Uncover(r[1]);
+        } else {
+            const Window over = XCreateWindow(
+                display, DefaultRootWindow(display), r[0].x, r[0].y, r[0].width, r[0].height, 0,
+                CopyFromParent, InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+            XMapRaised(display, over);
+            Pump();
+            XDestroyWindow(display, over);
+            Pump();
+        }
+        ASSERT_TRUE(SamePicture(whole, Picture::Of(graph))) << r[0] << ' ' << r[1];
+    }
+}
+
+TEST_F(ArcDrawing, APartialExposureGivesTheSamePictureAsAWholeOne) {
+    BuildScene(nullptr);
+    Show();
+    ExpectExactPartialRepaints();
+}
+
+// They would get bolder if they were painted where nothing was exposed.
+TEST_F(ArcDrawing, ThatHoldsForAntialiasedLabelsToo) {
+    BuildScene(XftFont());
+    Show();
+    ExpectExactPartialRepaints();
+}
+
+TEST_F(ArcDrawing, ACrossingArcOutOfViewStaysAwayUntilItIsAskedFor) {
+    XtDestroyWidget(graph);
+    graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0);
+    XtVaSetValues(graph, XmNshowCrossingArcs, False, nullptr);
+    XtManageChild(graph);
+    Widget far = Node({2000, 1500, 60, 40});
+    Widget arc = Arc(Node({0, 0, 60, 40}), far);
+    XmGraphAdjustSize(graph);
+    Show();
+    Widget scrolled = XtParent(XtParent(graph));
+    for (const char *name : {XmNhorizontalScrollBar, XmNverticalScrollBar}) {
+        Widget bar = nullptr;
+        int slider = 0;
+        XtVaGetValues(scrolled, name, &bar, nullptr);
+        XtVaGetValues(bar, XmNsliderSize, &slider, nullptr);
+        XmScrollBarSetValues(bar, 700, slider, 10, 100, True);
+    }
+    Pump();
+    EXPECT_TRUE(Repaint().empty());
+    EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
+
+    Recorder recorder;
+    XtVaSetValues(graph, XmNshowCrossingArcs, True, nullptr);
+    EXPECT_EQ(ByArcs(recorder).size(), 1u) << "the arc is drawn by itself";
+    EXPECT_TRUE(recorder.Calls("XClearArea", XtWindow(graph)).empty());
+    EXPECT_GT(Picture::Of(XtParent(graph)).Count(Black()), 100);
+    EXPECT_EQ(Repaint().size(), 1u);
+
+    recorder.Clear();
+    XtVaSetValues(graph, XmNshowCrossingArcs, False, nullptr);
+    EXPECT_FALSE(PartOf(arc).drawn);
+    EXPECT_EQ(recorder.Calls("XClearArea", XtWindow(graph)).size(), 1u)
+        << "what it crossed comes back";
+    EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
+}
+
+} // namespace
+} // namespace corvidlmw::graph

@@ -1,0 +1,214 @@
+/* A read-only graph hands input to its nodes and arcs, as the toolkit's own managers do. */
+
+#include <tests/graph/DrawnGraph.h>
+
+#include <X11/keysym.h>
+#include <Xm/BulletinB.h>
+#include <Xm/PushB.h>
+#include <Xm/PushBG.h>
+
+namespace corvidlmw::graph {
+namespace {
+
+using namespace test;
+
+class ReadOnlyInput : public DrawnGraph {
+protected:
+    void SetUp() override {
+        DrawnGraph::SetUp();
+        gadget = Node({50, 100, 60, 40}, xmPushButtonGadgetClass, "gadget");
+        other = Node({250, 100, 60, 40}, xmPushButtonGadgetClass, "other");
+        arc = Arc(gadget, other);
+        clicks.Add(gadget, XmNarmCallback);
+        clicks.Add(gadget, XmNactivateCallback);
+    }
+
+    Widget gadget = nullptr;
+    Widget other = nullptr;
+    Widget arc = nullptr;
+    CallbackLog<> clicks;
+};
+
+// ---- Buttons ------------------------------------------------------------------------------------
+
+TEST_F(ReadOnlyInput, AGadgetIsActivatedByAClickUnlessTheGraphIsEditable) {
+    Show();
+    const std::vector<int> click = {XmCR_ARM, XmCR_ACTIVATE};
+    Click(gadget, 5, 5);
+    EXPECT_EQ(clicks.reasons(), click);
+    for (unsigned int modifier : {ShiftMask, ControlMask, Mod1Mask})
+        Click(gadget, 5, 5, Button1, modifier);
+    EXPECT_EQ(clicks.reasons(), click);
+    XtVaSetValues(graph, XmNeditable, True, nullptr);
+    Click(gadget, 5, 5);
+    EXPECT_EQ(clicks.reasons(), click);
+    XtVaSetValues(graph, XmNeditable, False, nullptr);
+    Click(gadget, 5, 5);
+    EXPECT_EQ(clicks.size(), 4u);
+}
+
+TEST_F(ReadOnlyInput, OfOverlappingGadgetsTheLastManagedOneIsActivated) {
+    Widget over = Node({50, 100, 60, 40}, xmPushButtonGadgetClass, "over");
+    clicks.Add(over, XmNactivateCallback);
+    Show();
+    Click(gadget, 5, 5);
+    ASSERT_EQ(clicks.size(), 1u);
+    EXPECT_EQ(clicks.back().widget, over);
+    XtUnmanageChild(over);
+    Click(gadget, 5, 5);
+    EXPECT_EQ(clicks.back().widget, gadget);
+}
+
+TEST_F(ReadOnlyInput, AnArcIsArmedBetweenPressAndRelease) {
+    Widget crossing = Arc(Node({170, 20, 20, 20}), Node({170, 200, 20, 20}));
+    CallbackLog<> never;
+    for (const char *list : {XmNarmCallback, XmNdisarmCallback, XmNactivateCallback})
+        never.Add(arc, list);
+    Show();
+    const XmGraphPart &part = PartOfGraph(graph);
+    MoveTo(graph, 140, 120);
+    Press();
+    EXPECT_TRUE(PartOf(arc).armed);
+    MoveTo(graph, 145, 121);
+    EXPECT_EQ(part.armed_gadget, arc);
+    MoveTo(graph, 180, 60);
+    EXPECT_EQ(part.armed_gadget, arc) << "over another arc nothing happens";
+    MoveTo(graph, 140, 200);
+    EXPECT_EQ(part.armed_gadget, nullptr);
+    Recorder recorder;
+    Release();
+    EXPECT_FALSE(PartOf(arc).armed);
+    EXPECT_EQ(ByArcs(recorder).size(), 2u);
+    EXPECT_FALSE(PartOf(crossing).armed);
+    recorder.Clear();
+    Click(graph, 20, 400);
+    EXPECT_TRUE(ByArcs(recorder).empty()) << "the arc has nothing to do with another click";
+    EXPECT_TRUE(never.empty());
+
+    XtVaSetValues(arc, XmNsensitive, False, nullptr);
+    MoveTo(graph, 140, 120);
+    Press();
+    EXPECT_FALSE(PartOf(arc).armed);
+    Release();
+    XtVaSetValues(arc, XmNsensitive, True, nullptr);
+    XtVaSetValues(graph, XmNeditable, True, nullptr);
+    Press();
+    EXPECT_FALSE(PartOf(arc).armed);
+}
+
+TEST_F(ReadOnlyInput, WhatDiesWhileItIsPressedIsForgotten) {
+    clicks.OnEach([&](const auto &entry) {
+        if (entry.reason == XmCR_ACTIVATE)
+            XtDestroyWidget(entry.widget);
+    });
+    Show();
+    Click(gadget, 5, 5);
+    RunWorkProcs();
+    EXPECT_EQ(XmGraphNumNodes(graph), 1);
+    EXPECT_EQ(XmGraphNumArcs(graph), 0);
+    Click(graph, 55, 105);
+    EXPECT_EQ(clicks.size(), 2u);
+
+    Widget next = Node({50, 100, 60, 40}, xmPushButtonGadgetClass, "next");
+    Widget line = Arc(next, other);
+    for (Widget dying : {line, next}) {
+        Pump();
+        MoveTo(graph, dying == line ? 180 : 60, 120);
+        Press();
+        XtDestroyWidget(dying);
+        MoveTo(graph, 182, 121);
+        Release();
+    }
+    EXPECT_EQ(XmGraphNumNodes(graph), 1);
+}
+
+TEST_F(ReadOnlyInput, ButtonThreeTellsWhatItIsOver) {
+    Widget plain = Node({50, 300, 60, 40}, widgetClass, "plain");
+    CallbackLog<XmGraphCallbackStruct> log;
+    log.Add(graph, XmNuserButtonCallback);
+    std::vector<int> buttons;
+    log.OnEach([&](const auto &entry) {
+        buttons.push_back(static_cast<int>(entry.data.event->xbutton.button));
+        EXPECT_EQ(entry.data.num_selected_widgets + entry.data.num_selected_arcs, 0);
+        EXPECT_EQ(entry.data.selected_widgets, nullptr);
+    });
+    Show();
+    const struct {
+        Widget at;
+        int x, y, reason;
+        Widget told;
+    } cases[] = {
+        {gadget, 5, 5, XmCR_BUTTON_OVER_GADGET, gadget},
+        {graph, 20, 20, XmCR_BUTTON_OVER_GRAPH, graph},
+        {graph, 180, 120, XmCR_BUTTON_OVER_GRAPH, graph}, // an arc is not looked for
+        {plain, 5, 5, XmCR_BUTTON_OVER_OTHER, graph},
+    };
+    for (bool editable : {false, true}) {
+        XtVaSetValues(graph, XmNeditable, editable, nullptr);
+        for (const auto &expected : cases) {
+            log.Clear();
+            Click(expected.at, expected.x, expected.y, Button3);
+            ASSERT_EQ(log.reasons(), std::vector<int>{expected.reason});
+            EXPECT_EQ(log.back().data.widget, expected.told);
+        }
+    }
+    EXPECT_EQ(buttons, std::vector<int>(8, 3));
+    EXPECT_TRUE(clicks.empty());
+}
+
+// ---- Keys -----------------------------------------------------------------------------------------
+
+// Where the focus goes and what is called, with the same children in any manager. A graph binds no
+// key that activates gadgets.
+class Traversal : public DisplayTest {
+protected:
+    std::vector<std::string> Walk(WidgetClass manager_class) {
+        std::vector<std::string> heard;
+        Widget frame = XtVaCreateManagedWidget("frame", xmBulletinBoardWidgetClass, shell, nullptr);
+        Widget manager =
+            XtVaCreateManagedWidget("manager", manager_class, frame, XmNwidth, 400, XmNheight, 300,
+                                    XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
+        Widget outside = XtVaCreateManagedWidget("outside", xmPushButtonWidgetClass, frame, XmNy,
+                                                 350, XmNnavigationType, XmTAB_GROUP, nullptr);
+        Widget first = nullptr;
+        CallbackLog<> log;
+        int x = 10;
+        for (WidgetClass child_class :
+             {xmPushButtonGadgetClass, xmPushButtonWidgetClass, xmPushButtonGadgetClass}) {
+            const std::string name = "node " + std::to_string(x);
+            Widget child = XtVaCreateManagedWidget(name.c_str(), child_class, manager, XmNx, x,
+                                                   XmNy, 10, nullptr);
+            log.Add(child, XmNhelpCallback);
+            if (XtIsWidget(child))
+                log.Add(child, XmNactivateCallback);
+            first = first ? first : child;
+            x += 100;
+        }
+        log.OnEach([&](const auto &entry) {
+            heard.push_back(XtName(entry.widget) + (" calls " + entry.list));
+        });
+        Show();
+        XmProcessTraversal(first, XmTRAVERSE_CURRENT);
+        Pump();
+        for (KeySym key : {XK_space, XK_F1, XK_Right, XK_space, XK_F1, XK_Right, XK_Right, XK_Left,
+                           XK_F1, XK_Tab, XK_space, XK_Tab, XK_F1}) {
+            Key(key);
+            RunWorkProcs();
+            heard.push_back(XtName(XmGetFocusWidget(outside)));
+        }
+        XtDestroyWidget(frame);
+        return heard;
+    }
+};
+
+TEST_F(Traversal, KeysReachNodesAsTheyReachTheChildrenOfABoard) {
+    const auto in_board = Walk(xmBulletinBoardWidgetClass);
+    const auto called = std::count_if(in_board.begin(), in_board.end(), [](const auto &line) {
+        return line.find("calls") != std::string::npos;
+    });
+    EXPECT_GE(called, 4) << ::testing::PrintToString(in_board);
+    EXPECT_EQ(Walk(xmGraphWidgetClass), in_board);
+}
+
+} // namespace
+} // namespace corvidlmw::graph
