@@ -94,6 +94,9 @@ TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
         EXPECT_EQ(Of(calls, "XDrawLine"), std::vector<Numbers>{line}) << expected.direction;
         EXPECT_EQ(Of(calls, "XFillPolygon"), expected.heads) << expected.direction;
     }
+    Recorder recorder;
+    Uncover({244, 117, 2, 2});
+    EXPECT_FALSE(ByArcs(recorder).empty()) << "the head is wider than the line";
 }
 
 TEST_F(ArcDrawing, ParallelArcsBowToAlternateSidesWhereTwinsAreVisible) {
