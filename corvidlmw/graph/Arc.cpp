@@ -241,23 +241,26 @@ XGCValues ValuesFor(Widget arc) {
     // The server would answer a number out of range with an error.
     values.line_width = std::clamp(part.arc_width, 0, 32767);
     values.line_style = part.style <= LineDoubleDash ? part.style : LineSolid;
-    values.cap_style = part.cap_style <= CapProjecting ? part.cap_style : CapButt;
     values.dash_offset = std::clamp(part.dash_offset, 0, 32767);
     values.dashes = static_cast<char>(static_cast<unsigned char>(std::clamp(part.dashes, 1, 255)));
     return values;
 }
 
-// At creation, and then only, CapNotLast is taken as CapButt.
-enum class CapAtCreation { No, Yes };
+int CapStyleOf(const XmArcPart &part) {
+    return part.cap_style <= CapProjecting ? part.cap_style : CapButt;
+}
 
-void BuildGCs(Widget arc, CapAtCreation creation) {
+// At creation, and then only, CapNotLast is taken as CapButt.
+int CapStyleAtCreation(const XmArcPart &part) {
+    return part.cap_style == CapNotLast ? CapButt : CapStyleOf(part);
+}
+
+void BuildGCs(Widget arc, int cap_style) {
     auto &part = ArcOf(arc);
     XtGCMask mask = GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCCapStyle |
                     GCDashOffset | GCDashList;
     XGCValues values = ValuesFor(arc);
-    if (creation == CapAtCreation::Yes && part.cap_style == CapNotLast) {
-        values.cap_style = CapButt;
-    }
+    values.cap_style = cap_style;
     short index = 0;
     XFontStruct *font = nullptr;
     if (_XmFontListSearch(part.font_list, Name(XmFONTLIST_DEFAULT_TAG), &index, &font) && font) {
@@ -266,6 +269,10 @@ void BuildGCs(Widget arc, CapAtCreation creation) {
     }
     part.gc = XtGetGC(XtParent(arc), mask, &values);
     std::swap(values.foreground, values.background);
+    // A double-dashed line paints both: erased with the two exchanged, its odd dashes would stay.
+    if (values.line_style == LineDoubleDash) {
+        values.background = values.foreground;
+    }
     part.clear_gc = XtGetGC(XtParent(arc), mask, &values);
 }
 
@@ -380,7 +387,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
         part.font_list ? part.font_list : XmeGetDefaultRenderTable(new_w, XmLABEL_FONTLIST));
     TakeLabel(new_w);
     MeasureLabel(new_w);
-    BuildGCs(new_w, CapAtCreation::Yes);
+    BuildGCs(new_w, CapStyleAtCreation(part));
     if (part.to && part.from) {
         _SetupArcInternal(parent, new_w);
         return;
@@ -492,7 +499,7 @@ bool UpdateLook(Widget current, Widget request, Widget new_w) {
     }
     if (gcs_changed) {
         ReleaseGCs(new_w);
-        BuildGCs(new_w, CapAtCreation::No);
+        BuildGCs(new_w, CapStyleOf(part));
     }
     return measured || gcs_changed;
 }
@@ -551,8 +558,11 @@ void GetValuesHook(Widget w, ArgList args, Cardinal *num_args) {
 namespace corvidlmw::graph {
 
 void RebuildArcGCs(Widget arc) {
+    // The cap style that is in use: it differs from the resource until that is set again.
+    XGCValues values{};
+    XGetGCValues(XtDisplay(arc), ArcOf(arc).gc, GCCapStyle, &values);
     ReleaseGCs(arc);
-    BuildGCs(arc, CapAtCreation::No);
+    BuildGCs(arc, values.cap_style);
 }
 
 // ---- Realisation ----------------------------------------------------------------------------------
