@@ -388,17 +388,22 @@ TEST_F(DeathTest, AClientsScrolledWindowForgetsItsGraph) {
     }
 }
 
+// Each life has colours of its own, so that no shared GC serves two of them. The foreground is set
+// first: after the background it makes the toolkit's gadgets lose a GC, in its own managers too.
 TEST_F(DeathTest, AGraphGivesAllItsServerResourcesBack) {
+    Pixel color = 0x100;
     auto live = [&](bool scrolled) {
-        graph = scrolled ? XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0)
-                         : XmCreateGraph(shell, Name("graph"), nullptr, 0);
+        auto create = scrolled ? XmCreateScrolledGraph : XmCreateGraph;
+        graph = create(shell, Name("graph"), nullptr, 0);
         XtManageChild(graph);
         Populate();
-        for (size_t i = 0; i < arcs.size(); i++)
-            XtVaSetValues(arcs[i], XmNarcWidth, i, XmNforeground, Pixel{i}, XmNmapLabel, True,
-                          XmNfontList, nullptr, nullptr);
-        XtVaSetValues(graph, XmNbackground, Pixel{0x808080}, XmNhighlightColor, Pixel{0x77},
-                      XmNforeground, Pixel{0x101010}, nullptr);
+        for (Widget arc : arcs)
+            XtVaSetValues(arc, XmNforeground, ++color, XmNmapLabel, True, XmNfontList, nullptr,
+                          nullptr);
+        const char *const resources[] = {XmNforeground, XmNbackground, XmNhighlightColor,
+                                         XmNoverviewLineColor, XmNoverviewNodeColor};
+        for (const char *resource : resources)
+            XtVaSetValues(graph, resource, ++color, nullptr);
         XmGraphLayout(graph);
         Show();
         XtDestroyWidget(scrolled ? XtParent(XtParent(graph)) : graph);
