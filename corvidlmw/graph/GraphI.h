@@ -32,9 +32,9 @@ inline XmGraphConstraintPart &ConstraintOf(Widget child) {
     return reinterpret_cast<XmGraphConstraintPtr>(child->core.constraints)->graph;
 }
 
-// The record of a child of a graph; zero for an arc.
+// The record of a child of a graph; zero for an arc, and for a popup shell, which has no constraints.
 inline NodePtr NodeOf(Widget child) {
-    return ConstraintOf(child).node;
+    return child->core.constraints ? ConstraintOf(child).node : nullptr;
 }
 
 // The record of any widget at all: zero unless it is a living node of `graph`.
