@@ -15,7 +15,6 @@
 #undef max
 
 #include <algorithm>
-#include <cassert>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -375,13 +374,8 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
     auto &part = ArcOf(new_w);
     Widget parent = XtParent(new_w);
     if (XtClass(parent) != xmGraphWidgetClass) {
-        // A client's handler may return from a fatal error: leave nothing that is not ours to free.
-        Detach(part);
-        part.font_list = nullptr;
-        part.label_string = nullptr;
         XtAppError(XtWidgetToApplicationContext(new_w),
                    "Arc widget can only be managed by an XmGraph widget");
-        return;
     }
     part.font_list = XmFontListCopy(
         part.font_list ? part.font_list : XmeGetDefaultRenderTable(new_w, XmLABEL_FONTLIST));
@@ -419,11 +413,12 @@ void LeaveDoomed(Widget arc) {
 
 void Destroy(Widget arc) {
     auto &part = ArcOf(arc);
+    // An orphan has left its graph already.
     if (XtClass(XtParent(arc)) == xmGraphWidgetClass) {
         LeaveDoomed(arc);
-        LeaveSiblings(XtParent(arc), arc, false);
+        // A client may have attached it again since its nodes or its callback let go of it.
+        DoRemoveArc(XtParent(arc), arc);
     }
-    Detach(part);
     ReleaseGCs(arc);
     if (part.font_list) {
         XmFontListFree(part.font_list);
@@ -515,7 +510,10 @@ void ChangeEnds(Widget new_w, Widget old_from, Widget old_to) {
     }
     Widget from = std::exchange(part.from, old_from);
     Widget to = std::exchange(part.to, old_to);
-    XmGraphMoveArc(graph, new_w, from, to);
+    // A change of the look has erased it, and a refused move does not draw it.
+    if (!XmGraphMoveArc(graph, new_w, from, to) && !part.drawn) {
+        DrawArc(new_w);
+    }
 }
 
 // An application cannot place an arc: x, y, width and height follow from its ends. They are stored at
@@ -523,6 +521,10 @@ void ChangeEnds(Widget new_w, Widget old_from, Widget old_to) {
 Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList, Cardinal *) {
     auto &part = ArcOf(new_w);
     const auto &old = ArcOf(current);
+    if (XtClass(XtParent(new_w)) != xmGraphWidgetClass) {
+        part = old; // an orphan, which has no graph to be drawn on
+        return False;
+    }
     Widget old_from = old.from;
     Widget old_to = old.to;
     new_w->core.x = new_w->core.y = 0;

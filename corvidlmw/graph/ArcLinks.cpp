@@ -290,13 +290,22 @@ void DestroyDoomedArcs(Widget graph) {
 
 extern "C" {
 
-// Ends that are no living nodes of this graph leave the arc detached.
+// Ends that are no living nodes of this graph leave the arc detached. An arc that is attached already
+// stays as it is.
 void _SetupArcInternal(Widget graph, Widget arc) {
+    if (!arc || !XmIsArc(arc) || XtParent(arc) != graph) {
+        return;
+    }
     auto &part = ArcOf(arc);
     NodePtr from = NodeIn(graph, part.from);
     NodePtr to = NodeIn(graph, part.to);
     if (!from || !to) {
         Detach(part);
+        return;
+    }
+    XmGraphNodeList &shorter =
+        from->from_arcs.count <= to->to_arcs.count ? from->from_arcs : to->to_arcs;
+    if (_XmGraphNodeListMember(&shorter, arc)) {
         return;
     }
     Widget same_way = FindArc(arc, from, to);
@@ -310,6 +319,9 @@ void _SetupArcInternal(Widget graph, Widget arc) {
 }
 
 int _sibling_rank(Widget arc) {
+    if (!arc || !XmIsArc(arc)) {
+        return 0;
+    }
     const auto &part = ArcOf(arc);
     if (!part.siblings || GraphOf(XtParent(arc)).twins_visible != True) {
         return 0;
