@@ -7,6 +7,7 @@
 #include <corvidlmw/graph/ArcP.h>
 #include <corvidlmw/graph/GraphP.h>
 
+#include <array>
 #include <deque>
 #include <span>
 #include <unordered_set>
@@ -123,6 +124,7 @@ struct TakenArc {
 };
 
 struct GraphState {
+    std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
     Cursor built_cursors[2] = {None, None};
     bool cover_settled = false; // the cover was unmapped after the clip window's realisation

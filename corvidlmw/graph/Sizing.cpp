@@ -45,6 +45,7 @@ Widget GrandparentOf(Widget graph) {
     return parent ? XtParent(parent) : nullptr;
 }
 
+// A client may have given the scrolled window bars of another class.
 void FixIncrement(Widget bar, int increment) {
     if (!bar) {
         return;
@@ -62,6 +63,12 @@ void ForEachScrollCallback(Widget bar, Widget graph,
     for (const char *name : scroll_callbacks) {
         change(bar, name, GraphScrolled, graph);
     }
+}
+
+// Bars that a client made die before a graph that was created after them.
+void ForgetBar(Widget bar, XtPointer graph, XtPointer) {
+    auto &bars = StateOf(static_cast<Widget>(graph)).bars;
+    std::replace(bars.begin(), bars.end(), bar, Widget{});
 }
 
 // ---- Extent -------------------------------------------------------------------------------------
@@ -202,12 +209,17 @@ void AttachToScrolledWindow(Widget w) {
         graph.clip_height = clip->core.height;
     }
     const ScrollBars bars = BarsOf(parent);
+    StateOf(w).bars = {bars.horizontal, bars.vertical};
+    for (Widget bar : StateOf(w).bars) {
+        if (bar) {
+            ForEachScrollCallback(bar, w, XtAddCallback);
+            XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
+        }
+    }
     if (bars.horizontal) {
-        ForEachScrollCallback(bars.horizontal, w, XtAddCallback);
         graph.scrollbar_thickness = CutToPosition(bars.horizontal->core.height);
     }
     if (bars.vertical) {
-        ForEachScrollCallback(bars.vertical, w, XtAddCallback);
         graph.scrollbar_thickness =
             std::max(graph.scrollbar_thickness, CutToPosition(bars.vertical->core.width));
     }
@@ -219,13 +231,9 @@ void DetachFromScrolledWindow(Widget w) {
     if (XmIsDrawingArea(parent)) {
         XtRemoveCallback(parent, XmNresizeCallback, ResizeClipArea, w);
     }
-    if (!GraphOf(w).in_scrolled_window) {
-        return;
-    }
-    Widget scrolled = XmIsScrolledWindow(parent) ? parent : XtParent(parent);
-    const ScrollBars bars = BarsOf(scrolled);
-    for (Widget bar : {bars.horizontal, bars.vertical}) {
+    for (Widget bar : StateOf(w).bars) {
         if (bar) {
+            XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
             ForEachScrollCallback(bar, w, XtRemoveCallback);
         }
     }
