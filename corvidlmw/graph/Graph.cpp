@@ -497,6 +497,9 @@ void CreateCoverWindow(Widget w) {
 }
 
 // The do-not-propagate field is filled without its bit in the mask, so it has no effect; the
+    if (HasCover(w)) {
+        return;
+    }
 // graph's own translations want those events.
 void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     *mask |= CWBitGravity;
@@ -505,6 +508,8 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     Widget scrolled = XtParent(XtParent(w));
     if (GraphOf(w).in_scrolled_window && scrolled && XmIsScrolledWindow(scrolled)) {
         CreateCoverWindow(w);
+    StateOf(w).cover_parent = XtWindow(clip);
+    StateOf(w).cover_settled = false;
     }
     XtCreateWindow(w, InputOutput, static_cast<Visual *>(CopyFromParent), *mask, attributes);
 }
@@ -538,14 +543,12 @@ void FreeGCs(Widget w) {
     }
 }
 
-// The clip window, which held the cover, may be gone already and the cover with it.
+// The clip window may be going and take the cover with it.
 void DestroyCoverWindow(Widget w) {
-    auto &graph = GraphOf(w);
-    Widget clip = XtParent(w);
-    if (graph.cover_window != None && !IsBeingDestroyed(clip) && HasWindow(clip)) {
-        XDestroyWindow(XtDisplay(w), graph.cover_window);
+    if (HasCover(w) && !IsBeingDestroyed(XtParent(w))) {
+        XDestroyWindow(XtDisplay(w), GraphOf(w).cover_window);
     }
-    graph.cover_window = None;
+    GraphOf(w).cover_window = None;
 }
 
 void Destroy(Widget w) {

@@ -127,6 +127,7 @@ struct GraphState {
     std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
     Cursor built_cursors[2] = {None, None};
+    Window cover_parent = None; // the clip window's window that the cover lies in
     bool cover_settled = false; // the cover was unmapped after the clip window's realisation
     int layout_depth = 0;
     bool veiled = false; // see VeilArcs
@@ -253,6 +254,8 @@ void AttachToScrolledWindow(Widget graph);
 void DetachFromScrolledWindow(Widget graph);
 
 // ---- Redisplay.cpp -----------------------------------------------------------------------------------------------
+// The cover goes with the window that it lies in, which the toolkit tells nobody.
+bool HasCover(Widget graph);
 
 void GraphRedisplay(Widget graph, XEvent *event, Region region);
 Boolean GraphSetValues(Widget current, Widget request, Widget new_w, ArgList args,

@@ -382,7 +382,7 @@ void HandleCreateNotify(Widget w, XtPointer, XEvent *event, Boolean *) {
 // When a clip window is realised with the graph inside, the toolkit maps the cover with all else in it.
 static void SettleCover(Widget w) {
     auto &graph = GraphOf(w);
-    if (graph.cover_window != None && !StateOf(w).cover_settled) {
+    if (!StateOf(w).cover_settled && HasCover(w)) {
         StateOf(w).cover_settled = true;
         if (graph.cover_count == 0) {
             XUnmapWindow(XtDisplay(w), graph.cover_window);

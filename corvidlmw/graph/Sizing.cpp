@@ -239,6 +239,15 @@ void DetachFromScrolledWindow(Widget w) {
     }
 }
 
+bool HasCover(Widget w) {
+    auto &graph = GraphOf(w);
+    if (graph.cover_window != None && XtWindow(XtParent(w)) != StateOf(w).cover_parent) {
+        graph.cover_window = None;
+        graph.cover_count = 0;
+    }
+    return graph.cover_window != None;
+}
+
 // ---- Geometry methods -------------------------------------------------------------------------------
 
 void GraphResize(Widget w) {
@@ -332,7 +341,7 @@ void ResizeClipArea(Widget clip, XtPointer client_data, XtPointer) {
     const int height_change = std::abs(clip->core.height - graph.clip_height);
     graph.clip_width = clip->core.width;
     graph.clip_height = clip->core.height;
-    if (graph.cover_window != None) {
+    if (HasCover(w)) {
         XResizeWindow(XtDisplay(w), graph.cover_window, std::max<Dimension>(graph.clip_width, 1),
                       std::max<Dimension>(graph.clip_height, 1));
     }
@@ -422,7 +431,7 @@ void _XmGraphFixScrollBarInc(Widget w) {
 }
 
 void XmGraphShowCoverWindow(Widget w) {
-    if (!w || !XmIsGraph(w) || GraphOf(w).cover_window == None) {
+    if (!w || !XmIsGraph(w) || !HasCover(w)) {
         return;
     }
     if (++GraphOf(w).cover_count < 2) {
@@ -432,7 +441,7 @@ void XmGraphShowCoverWindow(Widget w) {
 }
 
 void XmGraphHideCoverWindow(Widget w) {
-    if (!w || !XmIsGraph(w) || GraphOf(w).cover_window == None) {
+    if (!w || !XmIsGraph(w) || !HasCover(w)) {
         return;
     }
     auto &graph = GraphOf(w);
