@@ -388,16 +388,25 @@ void CreateIndicateCursors(Widget w) {
     }
 }
 
-// It passes through InsertChild like any node, so it stands first. Without its own border width a
+} // namespace
+
+namespace corvidlmw::graph {
+
+// It passes through InsertChild like any node, and stands first. Without its own border width a
 // Core widget has 1, which would move the roots of every layout.
 void CreateSuperRoot(Widget w) {
     Widget dummy =
+    GraphOf(w).root = nullptr;
         XtVaCreateWidget("dummy", coreWidgetClass, w, XmNwidth, nn_width, XmNheight, nn_height,
                          XmNborderWidth, 0, XmNmappedWhenManaged, False, nullptr);
     GraphOf(w).root = NodeOf(dummy);
 }
 
 GC BuildPrivateXorGC(Widget w, Pixel color) {
+} // namespace corvidlmw::graph
+
+namespace {
+
     XGCValues values{};
     values.function = GXxor;
     values.foreground = color ^ w->core.background_pixel;
@@ -559,6 +568,9 @@ void Destroy(Widget w) {
     ForgetButterflyRoot(w);
     DestroyAllArcs(w);
     DestroyDoomedArcs(w);
+    // The children are freed by now, and the arcs' callbacks may still ask for them.
+    reinterpret_cast<CompositeWidget>(w)->composite.num_children = 0;
+    graph.root = nullptr;
     _XmGraphNodeListFree(&graph.selected_arcs);
     // Shared by all graphs: the next one that needs it grows it anew.
     _XmGraphNodeListFree(&return_widget_list);
@@ -612,7 +624,7 @@ void InsertArc(Widget w, Widget arc) {
 // The super-root is always first; the rest stands where the client says, in 1..num_children.
 Cardinal InsertPosition(Widget child) {
     auto &composite = reinterpret_cast<CompositeWidget>(XtParent(child))->composite;
-    if (composite.num_children == 0) {
+    if (!GraphOf(XtParent(child)).root) {
         return 0;
     }
     if (!composite.insert_position) {
@@ -695,6 +707,10 @@ void DeleteChild(Widget child) {
     }
 }
 
+    // A client that destroys all of XmNchildren takes the super-root along.
+    if (GraphOf(w).root == NodeOf(child) && !XmIsArc(child) && !IsBeingDestroyed(w)) {
+        CreateSuperRoot(w);
+    }
 // ---- Constraints -------------------------------------------------------------------------------------------
 
 void ConstraintInitialize(Widget, Widget new_w, ArgList, Cardinal *) {

@@ -184,6 +184,9 @@ void CallGraphChanged(Widget graph, int reason, Widget object = nullptr);
 // Clears every field of the graph that names the dying object.
 void ForgetObject(Widget graph, Widget object);
 
+// Makes the hidden first child anew, or for the first time.
+void CreateSuperRoot(Widget graph);
+
 // Takes an arc out of `arcs`.
 void RemoveFromArcs(Widget graph, Widget arc);
 

@@ -376,12 +376,15 @@ void DoLayout(Widget w) {
     constexpr int deepest = 8;
     auto &graph = GraphOf(w);
     GraphState &state = StateOf(w);
-    if (state.layout_depth >= deepest) {
+    if (state.layout_depth >= deepest || IsBeingDestroyed(w)) {
         return;
     }
     if (graph.layed_out) {
         ClearGraph(w);
         return;
+    }
+    if (!IsPlaceable(graph.root)) {
+        CreateSuperRoot(w); // a client has destroyed it
     }
     Watch watch(w);
     state.layout_depth += 1;

@@ -217,7 +217,7 @@ WidgetList XmGraphGetRoots(Widget w, int *count) {
 // ---- Nodes and arcs as sets ---------------------------------------------------------------------------
 
 int XmGraphNumNodes(Widget w) {
-    return w && XmIsGraph(w) ? static_cast<int>(NumChildrenOf(w)) - 1 : 0;
+    return w && XmIsGraph(w) ? std::max(static_cast<int>(NumChildrenOf(w)) - 1, 0) : 0;
 }
 
 WidgetList XmGraphGetNodes(Widget w, int *count) {
