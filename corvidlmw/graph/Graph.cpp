@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 using namespace corvidlmw;
@@ -395,18 +396,18 @@ namespace corvidlmw::graph {
 // It passes through InsertChild like any node, and stands first. Without its own border width a
 // Core widget has 1, which would move the roots of every layout.
 void CreateSuperRoot(Widget w) {
-    Widget dummy =
     GraphOf(w).root = nullptr;
+    Widget dummy =
         XtVaCreateWidget("dummy", coreWidgetClass, w, XmNwidth, nn_width, XmNheight, nn_height,
                          XmNborderWidth, 0, XmNmappedWhenManaged, False, nullptr);
     GraphOf(w).root = NodeOf(dummy);
 }
 
-GC BuildPrivateXorGC(Widget w, Pixel color) {
 } // namespace corvidlmw::graph
 
 namespace {
 
+GC BuildPrivateXorGC(Widget w, Pixel color) {
     XGCValues values{};
     values.function = GXxor;
     values.foreground = color ^ w->core.background_pixel;
@@ -494,7 +495,11 @@ void Initialize(Widget request, Widget new_w, ArgList args, Cardinal *num_args) 
 
 // ---- Realisation -------------------------------------------------------------------------------------
 
+// A graph that was unrealised alone still has one.
 void CreateCoverWindow(Widget w) {
+    if (HasCover(w)) {
+        return;
+    }
     Widget clip = XtParent(w);
     Dimension width = 0;
     Dimension height = 0;
@@ -503,12 +508,11 @@ void CreateCoverWindow(Widget w) {
     GraphOf(w).cover_window = XCreateSimpleWindow(XtDisplay(w), XtWindow(clip), 0, 0, width, height,
                                                   0, background, background);
     XLowerWindow(XtDisplay(w), GraphOf(w).cover_window);
+    StateOf(w).cover_parent = XtWindow(clip);
+    StateOf(w).cover_settled = false;
 }
 
 // The do-not-propagate field is filled without its bit in the mask, so it has no effect; the
-    if (HasCover(w)) {
-        return;
-    }
 // graph's own translations want those events.
 void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     *mask |= CWBitGravity;
@@ -517,8 +521,6 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     Widget scrolled = XtParent(XtParent(w));
     if (GraphOf(w).in_scrolled_window && scrolled && XmIsScrolledWindow(scrolled)) {
         CreateCoverWindow(w);
-    StateOf(w).cover_parent = XtWindow(clip);
-    StateOf(w).cover_settled = false;
     }
     XtCreateWindow(w, InputOutput, static_cast<Visual *>(CopyFromParent), *mask, attributes);
 }
@@ -566,11 +568,11 @@ void Destroy(Widget w) {
     UnveilArcs(w);
     DetachFromScrolledWindow(w);
     ForgetButterflyRoot(w);
-    DestroyAllArcs(w);
-    DestroyDoomedArcs(w);
     // The children are freed by now, and the arcs' callbacks may still ask for them.
     reinterpret_cast<CompositeWidget>(w)->composite.num_children = 0;
     graph.root = nullptr;
+    DestroyAllArcs(w);
+    DestroyDoomedArcs(w);
     _XmGraphNodeListFree(&graph.selected_arcs);
     // Shared by all graphs: the next one that needs it grows it anew.
     _XmGraphNodeListFree(&return_widget_list);
@@ -705,12 +707,12 @@ void DeleteChild(Widget child) {
         std::copy(found + 1, children.end(), found);
         reinterpret_cast<CompositeWidget>(w)->composite.num_children -= 1;
     }
-}
-
     // A client that destroys all of XmNchildren takes the super-root along.
     if (GraphOf(w).root == NodeOf(child) && !XmIsArc(child) && !IsBeingDestroyed(w)) {
         CreateSuperRoot(w);
     }
+}
+
 // ---- Constraints -------------------------------------------------------------------------------------------
 
 void ConstraintInitialize(Widget, Widget new_w, ArgList, Cardinal *) {
@@ -732,7 +734,9 @@ void ConstraintInitialize(Widget, Widget new_w, ArgList, Cardinal *) {
 }
 
 Boolean ConstraintSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
-    if (XtIsRectObj(new_w) && ConstraintOf(current).mark_color != ConstraintOf(new_w).mark_color) {
+    // No mark is -1, which a client may well have given as an int.
+    auto mark = [](Widget w) { return static_cast<std::uint32_t>(ConstraintOf(w).mark_color); };
+    if (XtIsRectObj(new_w) && mark(current) != mark(new_w)) {
         CallGraphChanged(XtParent(new_w), XmCR_MARK_CHANGED, new_w);
     }
     return False;

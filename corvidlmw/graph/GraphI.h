@@ -254,11 +254,11 @@ void ResizeClipArea(Widget clip, XtPointer graph, XtPointer call_data);
 void GraphScrolled(Widget scroll_bar, XtPointer graph, XtPointer call_data);
 // Callbacks on the scrolled window that the graph was created in, and off again.
 void AttachToScrolledWindow(Widget graph);
+// The cover goes with the window that it lies in, which the toolkit tells nobody.
+bool HasCover(Widget graph);
 void DetachFromScrolledWindow(Widget graph);
 
 // ---- Redisplay.cpp -----------------------------------------------------------------------------------------------
-// The cover goes with the window that it lies in, which the toolkit tells nobody.
-bool HasCover(Widget graph);
 
 void GraphRedisplay(Widget graph, XEvent *event, Region region);
 Boolean GraphSetValues(Widget current, Widget request, Widget new_w, ArgList args,

@@ -47,7 +47,7 @@ Widget GrandparentOf(Widget graph) {
 
 // A client may have given the scrolled window bars of another class.
 void FixIncrement(Widget bar, int increment) {
-    if (!bar) {
+    if (!bar || !XtIsSubclass(bar, xmScrollBarWidgetClass)) {
         return;
     }
     int value = 0;
@@ -373,6 +373,9 @@ void GraphScrolled(Widget, XtPointer client_data, XtPointer) {
 extern "C" {
 
 void _XmGraphAdjustSize(Widget w) {
+    if (!w || !XmIsGraph(w)) {
+        return;
+    }
     auto &graph = GraphOf(w);
     if (!graph.adjust_size) {
         GrowToClip(w);
@@ -414,8 +417,8 @@ void XmGraphMoveAll(Widget w, int dx, int dy) {
     }
     for (Widget child : Children(w)) {
         if (NodeOf(child)) {
-            _XmMoveObject(child, CutToPosition(child->core.x + dx),
-                          CutToPosition(child->core.y + dy));
+            _XmMoveObject(child, CutToPosition(child->core.x + CutToPosition(dx)),
+                          CutToPosition(child->core.y + CutToPosition(dy)));
         }
     }
     for (Widget arc : Arcs(w)) {
@@ -424,6 +427,9 @@ void XmGraphMoveAll(Widget w, int dx, int dy) {
 }
 
 void _XmGraphFixScrollBarInc(Widget w) {
+    if (!w || !XmIsGraph(w)) {
+        return;
+    }
     const ScrollBars bars = BarsOf(GrandparentOf(w));
     const int increment = GraphOf(w).increment;
     FixIncrement(bars.vertical, increment);
