@@ -416,9 +416,9 @@ void Destroy(Widget arc) {
     // An orphan has left its graph already.
     if (XtClass(XtParent(arc)) == xmGraphWidgetClass) {
         LeaveDoomed(arc);
-        // A client may have attached it again since its nodes or its callback let go of it.
-        DoRemoveArc(XtParent(arc), arc);
+        LeaveSiblings(XtParent(arc), arc, false);
     }
+    Detach(part);
     ReleaseGCs(arc);
     if (part.font_list) {
         XmFontListFree(part.font_list);

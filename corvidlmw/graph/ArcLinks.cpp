@@ -72,14 +72,14 @@ void LinkNeighbours(Widget graph, NodePtr from, NodePtr to, bool had_arc) {
 
 // The tree edge goes with its arc; an entry that was no tree edge stays where it is in the order.
 void UnlinkNeighbours(Widget graph, NodePtr from, NodePtr to) {
-    _XmGraphNodeListRemove(&from->children, to);
+    RemoveOnlyEntry(from->children, to);
     if (to->tree_parent == from) {
-        _XmGraphNodeListRemove(&from->tree_children, to);
+        RemoveOnlyEntry(from->tree_children, to);
         to->tree_parent = nullptr;
     } else {
         StateOf(graph).stale_owners.insert(from);
     }
-    _XmGraphNodeListRemove(&to->parents, from);
+    RemoveOnlyEntry(to->parents, from);
 }
 
 Boolean reallyDestroyArc(XtPointer client_data) {
@@ -99,30 +99,39 @@ Boolean reallyDestroyArc(XtPointer client_data) {
 
 // The toolkit is in the middle of a destruction, so the arc goes later. A graph that is going takes it
 // along at its end: destroyed here, it could outlive a graph that dies right after this node.
-void Doom(Widget graph, Widget arc) {
+void DestroyLater(Widget graph, Widget arc) {
     const bool waits = !IsBeingDestroyed(graph) && !IsBeingDestroyed(arc);
-    const XtWorkProcId work_proc =
-        waits ? XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc) : 0;
-    StateOf(graph).doomed_arcs.push_back({arc, work_proc});
+    Doom(graph, arc,
+         waits ? XtAppAddWorkProc(XtWidgetToApplicationContext(graph), reallyDestroyArc, arc) : 0);
 }
 
-// Unmanaging calls the client, who may destroy arcs of the list: what is left is asked for anew.
+// Unmanaging calls the client, who may destroy arcs of the list: what is left is asked for anew. The
+// latest goes first, since it is found at once in the lists of others.
 void DropArcs(Widget graph, XmGraphNodeList &list) {
     if (list.count == 0) {
         return;
     }
     std::vector<Widget> arcs = Copy(Widgets(list));
     XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
+    arcs.clear();
     while (list.count > 0) {
-        Widget arc = Widgets(list).front();
+        Widget arc = Widgets(list).back();
         assert(arc);
         XtRemoveCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
         DoRemoveArc(graph, arc);
-        _XmGraphNodeListRemove(&list, arc);
-        RemoveFromArcs(graph, arc);
+        if (list.count > 0 && Widgets(list).back() == arc) {
+            list.count -= 1;
+        }
         ForgetObject(graph, arc);
-        Doom(graph, arc);
+        arcs.push_back(arc);
     }
+    // A graph that is going destroys all arcs at its end: taken out here one by one, each would shift
+    // all that come after it.
+    if (IsBeingDestroyed(graph)) {
+        return;
+    }
+    std::for_each(arcs.begin(), arcs.end(), [&](Widget arc) { RemoveFromArcs(graph, arc); });
+    std::for_each(arcs.rbegin(), arcs.rend(), [&](Widget arc) { Doom(graph, arc); });
 }
 
 // The toolkit destroys an arc's graph before the arc, if a client asked for both in that order inside
@@ -230,10 +239,10 @@ void DoRemoveArc(Widget w, Widget arc) {
         UnlinkNeighbours(w, from, to);
     }
     if (from) {
-        _XmGraphNodeListRemove(&from->from_arcs, arc);
+        RemoveOnlyEntry(from->from_arcs, arc);
     }
     if (to) {
-        _XmGraphNodeListRemove(&to->to_arcs, arc);
+        RemoveOnlyEntry(to->to_arcs, arc);
     }
     Detach(part);
 }

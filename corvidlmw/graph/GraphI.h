@@ -73,6 +73,8 @@ std::vector<T> Copy(std::span<T> list) {
 
 // ---- Lists ----------------------------------------------------------------------------------------
 
+// From a list that has it once at most. The last one is found at once.
+void RemoveOnlyEntry(XmGraphNodeList &list, void *entry);
 // Appends with the growth of a list of arcs: size/4 + size + 1, without zero fill.
 void AppendArc(XmGraphNodeList &list, Widget arc);
 
@@ -130,7 +132,8 @@ struct GraphState {
     Window cover_parent = None; // the clip window's window that the cover lies in
     bool cover_settled = false; // the cover was unmapped after the clip window's realisation
     int layout_depth = 0;
-    bool veiled = false; // see VeilArcs
+    bool veiled = false;           // see VeilArcs
+    std::size_t managed_nodes = 0; // a digest of them
     unsigned long next_arc_serial = 1;
     std::deque<DoomedArc> doomed_arcs;           // in the order of their work procedures
     std::vector<TakenArc> *taken_arcs = nullptr; // while all arcs are being destroyed
@@ -176,6 +179,9 @@ inline unsigned long SerialOf(Widget arc) {
     return reinterpret_cast<unsigned long>(ArcOf(arc).internal);
 }
 
+// The number of an arc that stands in `doomed_arcs`. It is attached to no node any more.
+constexpr unsigned long doomed_serial = ~0UL;
+
 // ---- Graph.cpp ----------------------------------------------------------------------------------------
 
 // XmNgraphChangedCallback with nothing but a reason and, for some, an object.
@@ -209,6 +215,8 @@ void MakeSiblings(Widget existing, Widget arc);
 Widget FindTwin(Widget arc, NodePtr from, NodePtr to);
 // Leaves the list of parallel arcs; those behind it are erased and drawn one rank lower.
 void LeaveSiblings(Widget graph, Widget arc, bool redraw);
+// Enters the arc, once, among those that wait for their death.
+void Doom(Widget graph, Widget arc, XtWorkProcId work_proc);
 void DestroyDoomedArcs(Widget graph);
 void RebuildArcGCs(Widget arc);
 // Between the two the toolkit takes managed arcs for realised and leaves them alone.

@@ -31,6 +31,14 @@ void corvidlmw::graph::AppendArc(XmGraphNodeList &list, Widget arc) {
     list.items[list.count++] = arc;
 }
 
+void corvidlmw::graph::RemoveOnlyEntry(XmGraphNodeList &list, void *entry) {
+    if (list.count > 0 && list.items[list.count - 1] == entry) {
+        list.items[--list.count] = nullptr;
+    } else {
+        _XmGraphNodeListRemove(&list, entry);
+    }
+}
+
 extern "C" {
 
 void _XmGraphNodeListInsert(Widget, XmGraphNodeList *list, void *entry) {

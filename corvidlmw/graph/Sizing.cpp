@@ -8,7 +8,9 @@
 #include <Xm/ScrolledW.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
+#include <utility>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -180,6 +182,18 @@ void GrowToClip(Widget w) {
     }
 }
 
+// Whether nodes were managed or unmanaged since the last time. The toolkit's look for a new place of the
+// keyboard focus asks the server; arcs take none.
+bool ManagedNodesChanged(Widget w) {
+    std::size_t digest = 0;
+    for (Widget child : Children(w)) {
+        if (NodeOf(child) && XtIsManaged(child)) {
+            digest += std::hash<Widget>()(child) * 31 + 1;
+        }
+    }
+    return std::exchange(StateOf(w).managed_nodes, digest) != digest;
+}
+
 void DestroySWCallback(Widget, XtPointer scrolled, XtPointer) {
     auto window = static_cast<Widget>(scrolled);
     Widget clip = ResourceOf<Widget>(window, XmNclipWindow, nullptr);
@@ -275,7 +289,9 @@ void GraphChangeManaged(Widget w) {
         }
     }
     ApplyEditModeAgain(w);
-    XmeNavigChangeManaged(w);
+    if (ManagedNodesChanged(w)) {
+        XmeNavigChangeManaged(w);
+    }
     if (HasWindow(w)) {
         ClearGraph(w);
         CallGraphChanged(w, XmCR_LAYOUT_CHANGED);
