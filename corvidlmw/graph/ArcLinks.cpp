@@ -131,7 +131,7 @@ void DropArcs(Widget graph, XmGraphNodeList &list) {
         return;
     }
     std::for_each(arcs.begin(), arcs.end(), [&](Widget arc) { RemoveFromArcs(graph, arc); });
-    std::for_each(arcs.rbegin(), arcs.rend(), [&](Widget arc) { Doom(graph, arc); });
+    std::for_each(arcs.rbegin(), arcs.rend(), [&](Widget arc) { DestroyLater(graph, arc); });
 }
 
 // The toolkit destroys an arc's graph before the arc, if a client asked for both in that order inside
@@ -277,6 +277,13 @@ void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
     node->tree_children.count = 0;
 }
 
+void Doom(Widget graph, Widget arc, XtWorkProcId work_proc) {
+    if (SerialOf(arc) != doomed_serial) {
+        ArcOf(arc).internal = reinterpret_cast<XtPointer>(doomed_serial);
+        StateOf(graph).doomed_arcs.push_back({arc, work_proc});
+    }
+}
+
 // The latest first: the toolkit keeps the work procedures in that order. An arc leaves the list as it
 // dies.
 void DestroyDoomedArcs(Widget graph) {
@@ -299,8 +306,8 @@ void DestroyDoomedArcs(Widget graph) {
 
 extern "C" {
 
-// Ends that are no living nodes of this graph leave the arc detached. An arc that is attached already
-// stays as it is.
+// Ends that are no living nodes of this graph leave the arc detached, and so does its own approaching
+// death. An arc that is attached already stays as it is.
 void _SetupArcInternal(Widget graph, Widget arc) {
     if (!arc || !XmIsArc(arc) || XtParent(arc) != graph) {
         return;
@@ -308,7 +315,7 @@ void _SetupArcInternal(Widget graph, Widget arc) {
     auto &part = ArcOf(arc);
     NodePtr from = NodeIn(graph, part.from);
     NodePtr to = NodeIn(graph, part.to);
-    if (!from || !to) {
+    if (!from || !to || IsBeingDestroyed(arc) || SerialOf(arc) == doomed_serial) {
         Detach(part);
         return;
     }

@@ -165,7 +165,7 @@ void DestroyAllArcs(Widget w) {
         }
         // Inside of a dispatch it lives on for a while, and may outlive its graph.
         if (entry.arc && !watch.Died()) {
-            StateOf(w).doomed_arcs.push_back({entry.arc, 0});
+            Doom(w, entry.arc, 0);
         }
     }
     if (!watch.Died()) {
