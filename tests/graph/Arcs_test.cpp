@@ -167,7 +167,8 @@ TEST_F(ArcsTest, EndsThatAreNoNodesOfThisGraphAttachNothing) {
                                  Name("other"), nullptr, 0);
     Widget foreign = XtVaCreateWidget("node", xmPushButtonGadgetClass, other, nullptr);
     Widget arc = MakeArc(a, b);
-    for (Widget end : {foreign, graph, arc, shell}) {
+    Widget popup = XtVaCreatePopupShell("popup", transientShellWidgetClass, graph, nullptr);
+    for (Widget end : {foreign, graph, arc, shell, popup}) {
         ExpectDetached(MakeArc(end, b));
         ExpectDetached(MakeArc(a, end));
         XtVaSetValues(arc, XmNto, end, nullptr);

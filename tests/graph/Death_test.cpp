@@ -388,6 +388,41 @@ TEST_F(DeathTest, AClientsScrolledWindowForgetsItsGraph) {
     }
 }
 
+TEST_F(DeathTest, BarsThatAreOlderThanTheirGraphMayDieFirst) {
+    Widget window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, shell, nullptr);
+    for (const char *name : {XmNverticalScrollBar, XmNhorizontalScrollBar})
+        XtVaSetValues(window, name,
+                      XtVaCreateManagedWidget("bar", xmScrollBarWidgetClass, window, nullptr),
+                      nullptr);
+    graph = XmCreateManagedGraph(window, Name("graph"), nullptr, 0);
+    Show();
+    Watch(graph);
+    XtDestroyWidget(window);
+    ExpectAllDead();
+}
+
+TEST_F(DeathTest, AllThatXmNchildrenNamesMayDie) {
+    MakeGraph();
+    Populate();
+    Show();
+    auto children = reinterpret_cast<WidgetList>(ValueOf(graph, XmNchildren));
+    for (Widget child : Widgets(children, children + 4))
+        XtDestroyWidget(child);
+    EXPECT_EQ(XmGraphNumNodes(graph), 0);
+    ExpectUsable();
+}
+
+TEST_F(DeathTest, AWaitingArcIsAttachedNoMore) {
+    MakeGraph();
+    Populate();
+    Show();
+    XtDestroyWidget(a);
+    XtVaSetValues(arcs[0], XmNfrom, c, XmNto, b, nullptr);
+    EXPECT_FALSE(ArcPartOf(arcs[0]).from);
+    XtDestroyWidget(c);
+    ExpectUsable();
+}
+
 // Each life has colours of its own, so that no shared GC serves two of them. The foreground is set
 // first: after the background it makes the toolkit's gadgets lose a GC, in its own managers too.
 TEST_F(DeathTest, AGraphGivesAllItsServerResourcesBack) {

@@ -339,6 +339,24 @@ TEST_F(ScrolledGraphTest, EachStepOfABarIsTold) {
     EXPECT_EQ(PlaceOf(graph), (Place{0, -10}));
 }
 
+TEST_F(ScrolledGraphTest, ThereIsOneCoverHoweverOftenTheGraphIsRealised) {
+    ShowScrolled();
+    for (Widget unrealised : {graph, shell}) {
+        XtUnrealizeWidget(unrealised);
+        XmGraphShowCoverWindow(graph);
+        XmGraphHideCoverWindow(graph);
+        ResizeShell(unrealised == graph ? 500 : 450, 400);
+        XtRealizeWidget(unrealised);
+        Pump();
+        Window root = None, parent = None, *windows = nullptr;
+        unsigned count = 0;
+        XQueryTree(display, XtWindow(clip), &root, &parent, &windows, &count);
+        EXPECT_EQ(count, 2u) << "the graph and its cover";
+        XFree(windows);
+        EXPECT_FALSE(IsMapped(Cover()));
+    }
+}
+
 TEST_F(ScrolledGraphTest, TheCoverIsShownAsOftenAsItIsAskedForAndHiddenOtherwise) {
     ShowScrolled();
     ASSERT_NE(Cover(), None);
