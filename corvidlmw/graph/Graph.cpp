@@ -221,7 +221,7 @@ NodePtr NodeIn(Widget graph, Widget w) {
         return nullptr;
     }
     NodePtr node = NodeOf(w);
-    return node && node->widget ? node : nullptr;
+    return node && node->widget && w != Children(graph).front() ? node : nullptr;
 }
 
 bool CheckGraph(Widget w, const char *warning) {

@@ -38,7 +38,7 @@ inline NodePtr NodeOf(Widget child) {
     return child->core.constraints ? ConstraintOf(child).node : nullptr;
 }
 
-// The record of any widget at all: zero unless it is a living node of `graph`.
+// The record of any widget at all: zero unless it is a living node of `graph`. The super-root is none.
 NodePtr NodeIn(Widget graph, Widget w);
 
 // True, or False with the warning, if `w` is no graph.
