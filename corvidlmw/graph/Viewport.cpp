@@ -2,6 +2,7 @@
 
 #include <corvidlmw/graph/GraphI.h>
 
+using namespace corvidlmw;
 using namespace corvidlmw::graph;
 
 namespace {
@@ -29,8 +30,9 @@ extern "C" void XmGraphSetButterflyRoot(Widget w, Widget node) {
         return;
     }
     ForgetButterflyRoot(w);
-    GraphOf(w).butterfly_root = node;
-    if (node) {
+    // Of one that is in its destroy callbacks already nobody would tell the end.
+    if (node && !IsBeingDestroyed(node)) {
+        GraphOf(w).butterfly_root = node;
         XtAddCallback(node, XmNdestroyCallback, butterflyDestroyed, w);
     }
 }
