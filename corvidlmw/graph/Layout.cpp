@@ -2,8 +2,8 @@
 //
 // A layout collects the roots, hangs them below the hidden super-root, converts the graph to a forest
 // (Forest.cpp) and places that: as trees, or as a butterfly around one node, with the levels from
-// left to right or from top to bottom. Positions are whole numbers of 32 bits, cut to 16 and kept
-// at 0 or above where they are stored. No arc is touched: all is repainted afterwards.
+// left to right or from top to bottom. Positions are whole numbers, cut to 16 bits and kept at 0 or
+// above where they are stored. No arc is touched: all is repainted afterwards.
 //
 // Both placings are one, written along an axis: the levels advance along the depth axis by
 // `childSpacing`, the neighbours of one level along the breadth axis by `siblingSpacing`.
@@ -35,20 +35,25 @@ bool IsHorizontal(Widget graph) {
 
 // ---- Axes ------------------------------------------------------------------------------------------
 
+// Wide enough for any spacing along any number of nodes.
+using Coordinate = long long;
+
 enum class Direction { LeftToRight, TopToBottom };
 
 struct Axes {
     Direction direction;
 
-    int Breadth(Widget w) const {
+    Coordinate Breadth(Widget w) const {
         return direction == Direction::LeftToRight ? w->core.height : w->core.width;
     }
-    int Depth(Widget w) const {
+    Coordinate Depth(Widget w) const {
         return direction == Direction::LeftToRight ? w->core.width : w->core.height;
     }
     // (depth, breadth) as a point on the window.
-    Point At(int depth, int breadth) const {
-        return direction == Direction::LeftToRight ? Point{depth, breadth} : Point{breadth, depth};
+    Point At(Coordinate depth, Coordinate breadth) const {
+        const int along = static_cast<int>(depth);
+        const int across = static_cast<int>(breadth);
+        return direction == Direction::LeftToRight ? Point{along, across} : Point{across, along};
     }
 };
 
@@ -75,14 +80,14 @@ void MoveInLayout(Widget w, Point place) {
 // A node whose subtree is being placed: [breadth, extent) is what it and its children take so far.
 struct Placing {
     NodePtr node;
-    int depth;   // where the node stands along the depth axis
-    int breadth; // where its subtree starts
+    Coordinate depth;   // where the node stands along the depth axis
+    Coordinate breadth; // where its subtree starts
     int next_child = 0;
-    int next_breadth; // where the next child starts
-    int extent;       // of the last child placed
+    Coordinate next_breadth; // where the next child starts
+    Coordinate extent;       // of the last child placed
 };
 
-Placing StartPlacing(NodePtr node, int depth, int breadth) {
+Placing StartPlacing(NodePtr node, Coordinate depth, Coordinate breadth) {
     return {.node = node,
             .depth = depth,
             .breadth = breadth,
@@ -103,11 +108,11 @@ NodePtr NextChild(Placing &placing) {
 }
 
 // Centres the node over what its children took, and returns the extent of the subtree.
-int FinishPlacing(const Axes &axes, const Placing &placing) {
+Coordinate FinishPlacing(const Axes &axes, const Placing &placing) {
     Widget w = placing.node->widget;
-    const int own = placing.breadth + axes.Breadth(w) + 2 * w->core.border_width;
-    const int extent = std::max(own, placing.extent);
-    const int place = (extent + placing.breadth) / 2 - axes.Breadth(w) / 2;
+    const Coordinate own = placing.breadth + axes.Breadth(w) + 2 * w->core.border_width;
+    const Coordinate extent = std::max(own, placing.extent);
+    const Coordinate place = (extent + placing.breadth) / 2 - axes.Breadth(w) / 2;
     MoveInLayout(w, axes.At(placing.depth, place));
     return extent;
 }
@@ -121,12 +126,12 @@ int PlaceTree(Widget graph, const Axes &axes, NodePtr node, int depth, int bread
         return breadth;
     }
     std::vector<Placing> stack{StartPlacing(node, depth, breadth)};
-    int extent = breadth;
+    Coordinate extent = breadth;
     while (!stack.empty()) {
         Placing &top = stack.back();
         if (NodePtr child = NextChild(top)) {
             Widget w = top.node->widget;
-            const int child_depth =
+            const Coordinate child_depth =
                 top.depth + axes.Depth(w) + 2 * w->core.border_width + child_spacing;
             stack.push_back(StartPlacing(child, child_depth, top.next_breadth));
             continue;
@@ -138,7 +143,7 @@ int PlaceTree(Widget graph, const Axes &axes, NodePtr node, int depth, int bread
             stack.back().next_breadth = extent + sibling_spacing;
         }
     }
-    return extent;
+    return static_cast<int>(extent);
 }
 
 // ---- Butterfly ------------------------------------------------------------------------------------------
@@ -147,8 +152,8 @@ NodePtr ButterflyNode(Widget graph) {
     return NodeIn(graph, GraphOf(graph).butterfly_root);
 }
 
-int TotalBreadth(const Axes &axes, const XmGraphNodeList &nodes, int spacing) {
-    int total = -spacing;
+Coordinate TotalBreadth(const Axes &axes, const XmGraphNodeList &nodes, Coordinate spacing) {
+    Coordinate total = -spacing;
     for (NodePtr node : Nodes(nodes)) {
         if (node->widget) {
             total += axes.Breadth(node->widget) + spacing;
@@ -157,8 +162,8 @@ int TotalBreadth(const Axes &axes, const XmGraphNodeList &nodes, int spacing) {
     return total;
 }
 
-void PlaceColumn(const Axes &axes, const XmGraphNodeList &nodes, int depth, int breadth,
-                 int spacing) {
+void PlaceColumn(const Axes &axes, const XmGraphNodeList &nodes, Coordinate depth,
+                 Coordinate breadth, Coordinate spacing) {
     for (NodePtr node : Nodes(nodes)) {
         if (node->widget) {
             MoveInLayout(node->widget, axes.At(depth, breadth));
@@ -186,18 +191,18 @@ void PlaceButterfly(Widget graph, const Axes &axes) {
     if (!node) {
         return;
     }
-    const int sibling = GraphOf(graph).sibling_spacing;
-    const int child = GraphOf(graph).child_spacing;
-    const int parents = TotalBreadth(axes, node->parents, sibling);
-    const int children = TotalBreadth(axes, node->tree_children, sibling);
-    const int parents_shift = children > parents ? (children - parents) / 2 : 0;
-    const int children_shift = children > parents ? 0 : (parents - children) / 2;
+    const Coordinate sibling = GraphOf(graph).sibling_spacing;
+    const Coordinate child = GraphOf(graph).child_spacing;
+    const Coordinate parents = TotalBreadth(axes, node->parents, sibling);
+    const Coordinate children = TotalBreadth(axes, node->tree_children, sibling);
+    const Coordinate parents_shift = children > parents ? (children - parents) / 2 : 0;
+    const Coordinate children_shift = children > parents ? 0 : (parents - children) / 2;
 
     PlaceColumn(axes, node->parents, child, parents_shift + sibling, sibling);
-    const int middle = WidestOf(node->parents) + 2 * child;
+    const Coordinate middle = WidestOf(node->parents) + 2 * child;
     PlaceColumn(axes, node->tree_children, axes.Depth(node->widget) + child + middle,
                 children_shift + sibling, sibling);
-    const int added = axes.direction == Direction::LeftToRight ? child : 0;
+    const Coordinate added = axes.direction == Direction::LeftToRight ? child : 0;
     MoveInLayout(node->widget, axes.At(middle, (std::max(parents, children) + added) / 2));
 }
 
@@ -294,9 +299,11 @@ void PlaceAll(Widget w) {
     const auto &graph = GraphOf(w);
     Widget dummy = graph.root->widget;
     if (IsHorizontal(w)) {
-        PlaceBy(w, graph.root, margin - graph.child_spacing - dummy->core.width, margin);
+        const Coordinate x = Coordinate{margin} - graph.child_spacing - dummy->core.width;
+        PlaceBy(w, graph.root, static_cast<int>(x), margin);
     } else {
-        PlaceBy(w, graph.root, margin, margin - graph.sibling_spacing - dummy->core.height);
+        const Coordinate y = Coordinate{margin} - graph.sibling_spacing - dummy->core.height;
+        PlaceBy(w, graph.root, margin, static_cast<int>(y));
     }
 }
 

@@ -1,5 +1,9 @@
 // Layouts worked out by hand: which nodes are roots, who stands below whom, and where.
+#include <corvidlmw/graph/ArcP.h>
+#include <corvidlmw/graph/GraphP.h>
 #include <tests/graph/PlacedNodes.h>
+
+#include <climits>
 
 namespace corvidlmw::test {
 namespace {
@@ -32,6 +36,7 @@ const TreeExample tree_examples[] = {
      across, bordered, {{0, 1}}, {{40, 45}, {150, 40}, {40, 110}}},
     {"half pixels are cut off", across, odd, {{0, 1}, {0, 2}}, {{40, 70}, {140, 40}, {140, 100}}},
     {"a negative place is 0 and shifts nothing", down, two, {{0, 1}}, {{40, 0}, {40, 50}}, 100},
+    {"a spacing past all bounds is cut", across, two, {}, {{40, 40}, {40, 69}}, INT_MAX},
     {"order of attachment", across, three, {{0, 2}, {0, 1}}, {{40, 70}, {140, 100}, {140, 40}}},
     {"the first visitor is the parent",
      across, three, {{0, 1}, {0, 2}, {1, 2}}, {{40, 40}, {140, 40}, {240, 40}}},
@@ -74,6 +79,20 @@ TEST_F(LayoutTest, ACutEntryStaysOutUntilTheSubgraphIsLaidOutAnew) {
     EXPECT_EQ(PlacesOf({a, b, c}), (Places{{40, 40}, {140, 40}, {7, 9}}));
     XmGraphRelaySubgraph(graph, a);
     EXPECT_EQ(PlacesOf({a, b, c}), (Places{{40, 40}, {140, 10}, {140, 70}}));
+}
+
+TEST_F(LayoutTest, TakesNeitherTheHiddenRootNorTheDyingForANode) {
+    Widget graph = MakeGraph(shell, XmNlayoutStyle, XmBUTTERFLY);
+    Widget a = Node(graph), dummy = XtNameToWidget(graph, "dummy");
+    Widget arc = Arc(graph, a, dummy);
+    EXPECT_FALSE(reinterpret_cast<XmArcWidget>(arc)->arc.to);
+    XmGraphInsertRoots(graph, &dummy, 1);
+    EXPECT_EQ(XmGraphNumRoots(graph), 0);
+    auto center = [](Widget w, XtPointer, XtPointer) { XmGraphSetButterflyRoot(XtParent(w), w); };
+    XtAddCallback(a, XmNdestroyCallback, center, nullptr);
+    XtDestroyWidget(a);
+    EXPECT_FALSE(reinterpret_cast<XmGraphWidget>(graph)->graph.butterfly_root);
+    XtDestroyWidget(graph);
 }
 
 // ---- Butterflies ---------------------------------------------------------------------------------
