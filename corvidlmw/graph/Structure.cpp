@@ -333,6 +333,10 @@ Widget XmGraphInputOverArc(Widget w, int x, int y) {
     if (!CheckGraph(w, "XmGraphInputOverArc requires an XmGraph widget")) {
         return nullptr;
     }
+    // Regions have 16 bits: a point past them would come in again on the other side.
+    if (x != CutToPosition(x) || y != CutToPosition(y)) {
+        return nullptr;
+    }
     const auto &graph = GraphOf(w);
     for (Widget arc : Arcs(w)) {
         if (HasBothEnds(arc) && MayTouch(graph, arc, x, y) && Touches(graph, arc, x, y)) {

@@ -64,6 +64,7 @@ TEST_F(Picking, ALoopIsFoundInItsBoxAndALabelInItsRectangle) {
     Show();
     EXPECT_EQ(At(80, 70), loop);
     EXPECT_EQ(At(130, 70), nullptr);
+    EXPECT_EQ(At(80 + 65536, 70), nullptr);
     const XmArcPart &part = PartOf(line);
     const int x = 180 + part.label_width / 2;
     const int y = 120 - part.label_height;
