@@ -8,12 +8,6 @@
 
 #include <corvidlmw/graph/GraphI.h>
 
-#include <X11/Xlibint.h>
-
-// Xlibint.h defines these as macros.
-#undef min
-#undef max
-
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -238,7 +232,7 @@ XGCValues ValuesFor(Widget arc) {
     values.foreground = part.foreground;
     values.background = XtParent(arc)->core.background_pixel;
     // The server would answer a number out of range with an error.
-    values.line_width = std::clamp(part.arc_width, 0, 32767);
+    values.line_width = std::clamp(part.arc_width, 0, widest_arc);
     values.line_style = part.style <= LineDoubleDash ? part.style : LineSolid;
     values.dash_offset = std::clamp(part.dash_offset, 0, 32767);
     values.dashes = static_cast<char>(static_cast<unsigned char>(std::clamp(part.dashes, 1, 255)));
@@ -285,75 +279,6 @@ void ReleaseGCs(Widget arc) {
     }
 }
 
-// ---- Label and font -------------------------------------------------------------------------------------
-
-_XmString LabelFromName(Widget arc) {
-    const OwnedXmString name(XmStringLtoRCreate(XtName(arc), Name(XmFONTLIST_DEFAULT_TAG)));
-    return _XmStringCreate(name.get());
-}
-
-// A private copy of what the client gave, or the arc's name.
-void TakeLabel(Widget arc) {
-    auto &part = ArcOf(arc);
-    if (part.label_string && XmeStringIsValid(part.label_string)) {
-        part.label_string = _XmStringCreate(part.label_string);
-        return;
-    }
-    if (part.label_string) {
-        XmeWarning(arc, Name("Arc Widget expects a compound string"));
-    }
-    part.label_string = LabelFromName(arc);
-}
-
-void MeasureLabel(Widget arc) {
-    auto &part = ArcOf(arc);
-    _XmStringExtent(part.font_list, part.label_string, &part.label_width, &part.label_height);
-}
-
-// The font of arcs whose font list was set to none: one for each display, until that closes.
-struct FixedFont {
-    Display *display;
-    XFontStruct *font;
-    FixedFont *next;
-};
-FixedFont *fixed_fonts = nullptr;
-
-int ForgetFixedFont(Display *display, XExtCodes *) {
-    for (FixedFont **link = &fixed_fonts; *link; link = &(*link)->next) {
-        FixedFont *entry = *link;
-        if (entry->display == display) {
-            *link = entry->next;
-            XFreeFontInfo(nullptr, entry->font, 1);
-            delete entry;
-            break;
-        }
-    }
-    return 0;
-}
-
-XFontStruct *FixedFontOf(Display *display) {
-    for (FixedFont *entry = fixed_fonts; entry; entry = entry->next) {
-        if (entry->display == display) {
-            return entry->font;
-        }
-    }
-    XFontStruct *font = XLoadQueryFont(display, "fixed");
-    XExtCodes *codes = font ? XAddExtension(display) : nullptr;
-    if (codes) {
-        XESetCloseDisplay(display, codes->extension, ForgetFixedFont);
-        fixed_fonts = new FixedFont{display, font, fixed_fonts};
-    }
-    return font;
-}
-
-XmFontList FixedFontList(Widget arc) {
-    XFontStruct *font = FixedFontOf(XtDisplay(arc));
-    if (!font) {
-        return XmFontListCopy(XmeGetDefaultRenderTable(arc, XmLABEL_FONTLIST));
-    }
-    return XmFontListCreate(font, Name(XmFONTLIST_DEFAULT_TAG));
-}
-
 // ---- Life ---------------------------------------------------------------------------------------------------
 
 void ClearFields(Widget arc) {
@@ -377,8 +302,8 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
         XtAppError(XtWidgetToApplicationContext(new_w),
                    "Arc widget can only be managed by an XmGraph widget");
     }
-    part.font_list = XmFontListCopy(
-        part.font_list ? part.font_list : XmeGetDefaultRenderTable(new_w, XmLABEL_FONTLIST));
+    TakeFontList(new_w, part.font_list ? part.font_list
+                                       : XmeGetDefaultRenderTable(new_w, XmLABEL_FONTLIST));
     TakeLabel(new_w);
     MeasureLabel(new_w);
     BuildGCs(new_w, CapStyleAtCreation(part));
@@ -417,12 +342,10 @@ void Destroy(Widget arc) {
     if (XtClass(XtParent(arc)) == xmGraphWidgetClass) {
         LeaveDoomed(arc);
         LeaveSiblings(XtParent(arc), arc, false);
+        ReleaseFontList(XtParent(arc), part.font_list);
     }
     Detach(part);
     ReleaseGCs(arc);
-    if (part.font_list) {
-        XmFontListFree(part.font_list);
-    }
     if (part.label_string) {
         _XmStringFree(part.label_string);
         part.label_string = nullptr;
@@ -464,8 +387,12 @@ void UpdateLabel(Widget current, Widget request, Widget new_w) {
 
 void UpdateFont(Widget current, Widget new_w) {
     auto &part = ArcOf(new_w);
-    part.font_list = part.font_list ? XmFontListCopy(part.font_list) : FixedFontList(new_w);
-    XmFontListFree(ArcOf(current).font_list);
+    if (part.font_list) {
+        TakeFontList(new_w, part.font_list);
+    } else {
+        TakeFixedFontList(new_w);
+    }
+    ReleaseFontList(XtParent(new_w), ArcOf(current).font_list);
     _XmStringUpdate(part.font_list, part.label_string);
 }
 

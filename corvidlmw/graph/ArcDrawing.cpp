@@ -252,10 +252,10 @@ struct Bounds {
     }
 };
 
-// A wide line may be mitred or projected past its ends; an arrow head is 6 pixels long.
+// A mitred corner reaches up to 5.2 widths past its point; an arrow head is 6 pixels long.
 Bounds BoundsOf(Widget arc_widget, const Shape &shape) {
     const auto &part = ArcOf(arc_widget);
-    const int reach = 8 + 2 * std::clamp(part.arc_width, 0, 32767);
+    const int reach = 8 + 6 * std::clamp(part.arc_width, 0, widest_arc);
     Bounds bounds = {shape.ends.start.x, shape.ends.start.y, shape.ends.start.x,
                      shape.ends.start.y};
     bounds.Add(shape.ends.start, reach);
@@ -327,6 +327,9 @@ private:
 };
 
 void Reshow(Widget arc_widget, bool highlight) {
+    if (!arc_widget || !XmIsArc(arc_widget)) {
+        return;
+    }
     _EraseArc(arc_widget);
     ArcOf(arc_widget).highlight = highlight ? True : False;
     ArcRedisplay(arc_widget, nullptr, nullptr);
@@ -465,6 +468,9 @@ void _GetPoints(Widget arc_widget, int from_x, int from_y, int from_width, int f
 }
 
 void _EraseArc(Widget arc_widget) {
+    if (!arc_widget || !XmIsArc(arc_widget)) {
+        return;
+    }
     auto &part = ArcOf(arc_widget);
     if (!HasBothEnds(arc_widget) || !HasWindow(XtParent(arc_widget)) || !part.drawn) {
         return;
@@ -518,7 +524,7 @@ Region XmArcGetRegion(Widget arc_widget) {
     }
     const auto &part = ArcOf(arc_widget);
     const int rank = _sibling_rank(arc_widget);
-    const int width = std::clamp(part.arc_width, 1, 32767);
+    const int width = std::clamp(part.arc_width, 1, widest_arc);
     const arc::PickShape shape =
         part.to == part.from ? arc::PickLoop(RectangleOf(part.from), rank, LabelOf(part))
                              : arc::PickLine(StoredEndsOf(arc_widget), rank, width, LabelOf(part));

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -140,6 +141,7 @@ void DropArcs(Widget graph, XmGraphNodeList &list) {
 void OrphanArc(Widget graph, Widget arc) {
     XtRemoveCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
     DoRemoveArc(graph, arc);
+    ReleaseFontList(graph, std::exchange(ArcOf(arc).font_list, nullptr));
     arc->core.managed = False;
     arc->core.parent = XtHooksOfDisplay(XtDisplay(arc));
 }

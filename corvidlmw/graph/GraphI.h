@@ -10,6 +10,7 @@
 #include <array>
 #include <deque>
 #include <span>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -125,6 +126,19 @@ struct TakenArc {
     Widget arc;
 };
 
+// All arcs of a graph on their way out. A callback may start another such round inside.
+struct TakenArcs {
+    std::vector<TakenArc> arcs;
+    TakenArcs *outer;
+};
+
+// A copy of a render table, and how many arcs draw with it; found by the table that it shares.
+struct SharedFont {
+    XmFontList list;
+    int users;
+};
+using SharedFonts = std::unordered_map<const void *, SharedFont>;
+
 struct GraphState {
     std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
@@ -135,10 +149,11 @@ struct GraphState {
     bool veiled = false;           // see VeilArcs
     std::size_t managed_nodes = 0; // a digest of them
     unsigned long next_arc_serial = 1;
-    std::deque<DoomedArc> doomed_arcs;           // in the order of their work procedures
-    std::vector<TakenArc> *taken_arcs = nullptr; // while all arcs are being destroyed
+    std::deque<DoomedArc> doomed_arcs; // in the order of their work procedures
+    TakenArcs *taken_arcs = nullptr;   // while all arcs are being destroyed
     // Nodes whose `tree_children` may name a node that no arc leads to any more.
     std::unordered_set<NodePtr> stale_owners;
+    SharedFonts fonts;
     Watch *watches = nullptr;
 };
 
@@ -196,11 +211,18 @@ void CreateSuperRoot(Widget graph);
 // Takes an arc out of `arcs`.
 void RemoveFromArcs(Widget graph, Widget arc);
 
+// ---- Graphics.cpp ---------------------------------------------------------------------------------
+
+void CreateSweepCursors(Widget graph);
+void CreateIndicateCursors(Widget graph); // those that the client did not give
+void FreeCursors(Widget graph);
+void BuildGraphGCs(Widget graph);
+void FreeGraphGCs(Widget graph);
 GC BuildPlainGC(Widget graph, Pixel foreground);
 GC BuildXorGC(Widget graph);
 GC BuildOverviewGC(Widget graph, Pixel color);
 
-// ---- Arc.cpp, ArcLinks.cpp --------------------------------------------------------------------------------------------
+// ---- Arc.cpp, ArcLinks.cpp, ArcText.cpp --------------------------------------------------------------------------------------------
 
 void destroy_arc_callback(Widget arc, XtPointer client_data, XtPointer call_data);
 void destroy_node_callback(Widget node, XtPointer graph, XtPointer call_data);
@@ -219,6 +241,14 @@ void LeaveSiblings(Widget graph, Widget arc, bool redraw);
 void Doom(Widget graph, Widget arc, XtWorkProcId work_proc);
 void DestroyDoomedArcs(Widget graph);
 void RebuildArcGCs(Widget arc);
+// A wider line would keep a server busy for minutes.
+constexpr int widest_arc = 1024;
+// A private copy of the label that a client gave, or one of the arc's name.
+void TakeLabel(Widget arc);
+void MeasureLabel(Widget arc);
+void TakeFontList(Widget arc, XmFontList given);
+void TakeFixedFontList(Widget arc);
+void ReleaseFontList(Widget graph, XmFontList list);
 // Between the two the toolkit takes managed arcs for realised and leaves them alone.
 void VeilArcs(Widget graph);
 void UnveilArcs(Widget graph);

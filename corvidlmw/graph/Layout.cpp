@@ -64,6 +64,9 @@ Position PlaceFor(int coordinate) {
 void MoveInLayout(Widget w, Point place) {
     const Position x = PlaceFor(place.x);
     const Position y = PlaceFor(place.y);
+    if (x == w->core.x && y == w->core.y) {
+        return;
+    }
     if (XtIsWidget(w)) {
         XtMoveWidget(w, x, y);
         return;

@@ -445,7 +445,7 @@ Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *
 } // namespace corvidlmw::graph
 
 extern "C" void _RefreshGadgets(Widget w, Region region) {
-    if (IsBeingDestroyed(w) || !HasWindow(w)) {
+    if (!w || !XmIsGraph(w) || IsBeingDestroyed(w) || !HasWindow(w)) {
         return;
     }
     if (region) {

@@ -301,10 +301,10 @@ void GraphChangeManaged(Widget w) {
     }
 }
 
-// The graph refuses nothing. An arc has no rectangle: the toolkit stores what it asked for.
+// The graph refuses nothing.
 XtGeometryResult GraphGeometryManager(Widget child, XtWidgetGeometry *request, XtWidgetGeometry *) {
     const XtGeometryMask mode = request->request_mode;
-    if ((mode & XtCWQueryOnly) || mode == 0 || !NodeOf(child)) {
+    if ((mode & XtCWQueryOnly) || mode == 0) {
         return XtGeometryYes;
     }
     const Position x = mode & CWX ? request->x : child->core.x;
@@ -313,6 +313,14 @@ XtGeometryResult GraphGeometryManager(Widget child, XtWidgetGeometry *request, X
     const Dimension height = mode & CWHeight ? request->height : child->core.height;
     const Dimension border =
         mode & CWBorderWidth ? request->border_width : child->core.border_width;
+    // An arc has no rectangle and no window: what it asks for are its end points.
+    if (!NodeOf(child)) {
+        child->core.x = x;
+        child->core.y = y;
+        child->core.width = width;
+        child->core.height = height;
+        return XtGeometryDone;
+    }
     XmGraphMoveNode(XtParent(child), child, x, y);
     XmeConfigureObject(child, x, y, width, height, border);
     return XtGeometryDone;

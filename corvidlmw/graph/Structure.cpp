@@ -156,9 +156,9 @@ void DestroyAllArcs(Widget w) {
     if (watch.Died()) {
         return;
     }
-    std::vector<TakenArc> taken = TakeArcs(w);
-    auto *outer = std::exchange(StateOf(w).taken_arcs, &taken);
-    for (const TakenArc &entry : taken) {
+    TakenArcs taken = {TakeArcs(w), StateOf(w).taken_arcs};
+    StateOf(w).taken_arcs = &taken;
+    for (const TakenArc &entry : taken.arcs) {
         if (entry.arc && !watch.Died()) {
             assert(XtIsObject(entry.arc));
             XtDestroyWidget(entry.arc);
@@ -169,7 +169,7 @@ void DestroyAllArcs(Widget w) {
         }
     }
     if (!watch.Died()) {
-        StateOf(w).taken_arcs = outer;
+        StateOf(w).taken_arcs = taken.outer;
     }
 }
 
@@ -207,6 +207,8 @@ int XmGraphNumRoots(Widget w) {
 }
 
 WidgetList XmGraphGetRoots(Widget w, int *count) {
+    int unwanted = 0;
+    count = count ? count : &unwanted;
     *count = 0;
     if (!CheckGraph(w, "XmGetRoots requires an XmGraph widget")) {
         return nullptr;
@@ -221,6 +223,8 @@ int XmGraphNumNodes(Widget w) {
 }
 
 WidgetList XmGraphGetNodes(Widget w, int *count) {
+    int unwanted = 0;
+    count = count ? count : &unwanted;
     *count = 0;
     if (!CheckGraph(w, "XmGraphGetNodes requires an XmGraph widget") || NumChildrenOf(w) < 2) {
         return nullptr;
@@ -234,6 +238,8 @@ int XmGraphNumArcs(Widget w) {
 }
 
 WidgetList XmGraphGetArcs(Widget w, int *count) {
+    int unwanted = 0;
+    count = count ? count : &unwanted;
     *count = 0;
     if (!CheckGraph(w, "XmGraphGetArcs requires an XmGraph widget")) {
         return nullptr;
