@@ -500,8 +500,17 @@ void RebuildArcGCs(Widget arc) {
 // after the graph's change_managed, and then calls the display's change hooks. In between, an arc bears
 // the graph's window and so counts as realised. Nothing is mapped: an arc's mapped_when_managed is
 // kept False. Should an arc be destroyed in between, unmanaging it lifts the veil first.
-static void LiftVeil(Widget, XtPointer client_data, XtPointer) {
-    UnveilArcs(static_cast<Widget>(client_data));
+// Other changes are told in between, such as of each child that is realised.
+static void LiftVeil(Widget, XtPointer client_data, XtPointer call_data) {
+    const auto *change = static_cast<XtChangeHookData>(call_data);
+    const char *const ends[] = {XtHmanageChildren, XtHunmanageChildren, XtHmanageSet,
+                                XtHunmanageSet};
+    const bool at_end = std::any_of(std::begin(ends), std::end(ends), [&](const char *type) {
+        return std::strcmp(change->type, type) == 0;
+    });
+    if (at_end && change->widget == static_cast<Widget>(client_data)) {
+        UnveilArcs(change->widget);
+    }
 }
 
 static void SetArcWindows(Widget w, Window window) {
