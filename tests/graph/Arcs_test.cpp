@@ -34,51 +34,20 @@ protected:
 
 using Ranks = std::vector<int>;
 
-TEST_F(ArcsTest, AnArcStandsAmongTheArcsOnlyAndInTheListsOfBothEnds) {
-    Widget arc = MakeArc(a, b);
-
-    EXPECT_EQ(ArcsOf(graph), Widgets{arc});
-    EXPECT_EQ(NodesOf(graph), (Widgets{a, b, c}));
-    EXPECT_EQ(ValueOf(arc, XmNmappedWhenManaged), False);
-    EXPECT_EQ(NodeRecOf(arc), nullptr);
-    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{arc});
-    EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
-    EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{b});
+TEST_F(ArcsTest, ParallelArcsInEitherDirectionShareOneListAndKeepItsRanks) {
+    const Widgets all = {MakeArc(a, b), MakeArc(b, a), MakeArc(a, b)};
+    EXPECT_EQ(ArcsOf(graph), all);
+    EXPECT_EQ(ValueOf(all[0], XmNmappedWhenManaged), False);
     EXPECT_EQ(NodesIn(NodeRecOf(a)->tree_children), Widgets{b});
-    EXPECT_EQ(NodesIn(NodeRecOf(b)->parents), Widgets{a});
-    EXPECT_EQ(NodeRecOf(a)->parents.count + NodeRecOf(b)->children.count, 0);
-    EXPECT_EQ(ArcPartOf(arc).siblings, nullptr);
-}
-
-TEST_F(ArcsTest, ParallelArcsInEitherDirectionShareOneList) {
-    Widget first = MakeArc(a, b);
-    Widget same = MakeArc(a, b);
-    EXPECT_EQ(SiblingsOf(first), (Widgets{first, same}));
-    Widget opposite = MakeArc(b, a);
-    const Widgets all = {first, same, opposite};
-    for (Widget arc : all)
-        EXPECT_EQ(SiblingsOf(arc), all);
-    EXPECT_EQ(ArcPartOf(first).siblings, ArcPartOf(opposite).siblings);
+    EXPECT_EQ(ArcPartOf(all[0]).siblings, ArcPartOf(all[1]).siblings);
     EXPECT_EQ(RanksOf(all), (Ranks{0, 1, 2}));
-    EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{b});
-    EXPECT_EQ(NodesIn(NodeRecOf(a)->parents), Widgets{b});
-
     XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
     EXPECT_EQ(RanksOf(all), (Ranks{0, 0, 0}));
-}
-
-TEST_F(ArcsTest, TheArcsBehindOneThatGoesMoveDownOneRank) {
-    const Widgets all = {MakeArc(a, b), MakeArc(b, a), MakeArc(a, b)};
+    XtVaSetValues(graph, XmNtwinsVisible, True, nullptr);
     XtDestroyWidget(all[1]);
-    EXPECT_EQ(SiblingsOf(all[0]), (Widgets{all[0], all[2]}));
     EXPECT_EQ(RanksOf({all[0], all[2]}), (Ranks{0, 1}));
-    // Only a list of two has an end: who is left is alone. The nodes part with any of their arcs.
     XtDestroyWidget(all[0]);
-    EXPECT_EQ(ArcPartOf(all[2]).siblings, nullptr);
     EXPECT_EQ(_sibling_rank(all[2]), 0);
-    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{all[2]});
-    EXPECT_EQ(NodeRecOf(a)->children.count, 0);
-    EXPECT_EQ(NodeRecOf(b)->parents.count, 0);
 }
 
 TEST_F(ArcsTest, ADyingTwinCountsForNoRank) {
@@ -91,23 +60,6 @@ TEST_F(ArcsTest, ADyingTwinCountsForNoRank) {
     });
     EXPECT_EQ(SiblingsOf(all[2]), (Widgets{all[1], all[2]}));
 }
-
-TEST_F(ArcsTest, ALoopIsInBothListsOfItsNode) {
-    Widget loop = MakeArc(a, a);
-    Widget second = MakeArc(a, a);
-    NodePtr node = NodeRecOf(a);
-    EXPECT_EQ(ArcsIn(node->from_arcs), (Widgets{loop, second}));
-    EXPECT_EQ(ArcsIn(node->to_arcs), (Widgets{loop, second}));
-    EXPECT_EQ(NodesIn(node->children), Widgets{a});
-    EXPECT_EQ(NodesIn(node->parents), Widgets{a});
-    EXPECT_EQ(SiblingsOf(loop), (Widgets{loop, second}));
-    XtDestroyWidget(loop);
-    XtDestroyWidget(second);
-    EXPECT_EQ(node->from_arcs.count + node->to_arcs.count, 0);
-    EXPECT_EQ(node->children.count + node->parents.count, 0);
-}
-
-// ---- Ends that are missing or foreign -----------------------------------------------
 
 TEST_F(ArcsTest, AnArcWithoutBothEndsIsDetached) {
     ExpectDetached(XmCreateArc(graph, Name("none"), nullptr, 0));
@@ -125,20 +77,7 @@ TEST_F(ArcsTest, AnArcWithoutBothEndsIsDetached) {
     XtDestroyWidget(a);
 }
 
-TEST_F(ArcsTest, ADetachedArcIsAttachedByBothEndsTogether) {
-    Widget twin = MakeArc(a, b);
-    Widget arc = XmCreateArc(graph, Name("arc"), nullptr, 0);
-    XtVaSetValues(arc, XmNfrom, a, XmNto, b, nullptr);
-    EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), (Widgets{twin, arc}));
-    EXPECT_EQ(SiblingsOf(arc), (Widgets{twin, arc}));
-    XtVaSetValues(arc, XmNfrom, b, XmNto, c, nullptr);
-    EXPECT_EQ(ArcsIn(NodeRecOf(b)->from_arcs), Widgets{arc});
-    EXPECT_EQ(ArcsIn(NodeRecOf(c)->to_arcs), Widgets{arc});
-    EXPECT_EQ(NodesIn(NodeRecOf(b)->children), Widgets{c});
-    EXPECT_EQ(ArcPartOf(twin).siblings, nullptr);
-}
-
-TEST_F(ArcsTest, MovingOneOfTwoEndsKeepsTheOther) {
+TEST_F(ArcsTest, AnEndMovesAloneButNotToNothing) {
     Widget arc = MakeArc(a, b);
     XtVaSetValues(arc, XmNto, c, XmNforeground, Pixel{0x44}, nullptr);
     EXPECT_EQ(ArcPartOf(arc).from, a);
@@ -149,17 +88,13 @@ TEST_F(ArcsTest, MovingOneOfTwoEndsKeepsTheOther) {
     XmArcGetPos(arc, &x1, &y1, &x2, &y2);
     EXPECT_EQ(arc->core.x, x1);
     EXPECT_EQ(static_cast<Position>(arc->core.height), y2);
-}
 
-TEST_F(ArcsTest, AnEndSetToNothingWarnsAndChangesNothing) {
-    Widget arc = MakeArc(a, b);
     XtVaSetValues(arc, XmNto, nullptr, nullptr);
     EXPECT_EQ(warnings(),
               std::vector<std::string>{"Arc widget should have non-null to and from widgets"});
     ExpectWarning("Arc widget should have non-null to and from widgets");
-    EXPECT_EQ(ArcPartOf(arc).to, b);
     EXPECT_EQ(ArcPartOf(arc).from, a);
-    EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
+    EXPECT_EQ(ArcsIn(NodeRecOf(c)->to_arcs), Widgets{arc});
 }
 
 TEST_F(ArcsTest, EndsThatAreNoNodesOfThisGraphAttachNothing) {
@@ -177,23 +112,6 @@ TEST_F(ArcsTest, EndsThatAreNoNodesOfThisGraphAttachNothing) {
     EXPECT_EQ(ArcsIn(NodeRecOf(a)->from_arcs), Widgets{arc});
     EXPECT_EQ(ArcsIn(NodeRecOf(b)->to_arcs), Widgets{arc});
     EXPECT_EQ(NodeRecOf(foreign)->from_arcs.count + NodeRecOf(foreign)->to_arcs.count, 0);
-}
-
-TEST_F(ArcsTest, ADyingNodeTakesNoNewArc) {
-    struct Late {
-        Widget graph, end, arc;
-    } late{graph, b, nullptr};
-    XtAddCallback(
-        a, XtNdestroyCallback,
-        [](Widget dying, XtPointer closure, XtPointer) {
-            auto *l = static_cast<Late *>(closure);
-            l->arc = XmCreateAttachedArc(l->graph, Name("late"), dying, l->end, nullptr, 0);
-        },
-        &late);
-    XtDestroyWidget(a);
-    ASSERT_TRUE(late.arc);
-    ExpectDetached(late.arc);
-    EXPECT_EQ(NodeRecOf(b)->to_arcs.count + NodeRecOf(b)->parents.count, 0);
 }
 
 TEST_F(ArcsTest, AnArcOutsideOfAGraphIsFatal) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <optional>
 
 namespace {
 
@@ -34,27 +35,21 @@ const Converter converters[] = {
 };
 // clang-format on
 
-struct Converted {
-    bool found;
-    XtArgVal value;
-};
-
-Converted Convert(const Converter &converter, const std::string &text) {
+std::optional<XtArgVal> Convert(const Converter &converter, const std::string &text) {
     XrmValue from{static_cast<unsigned>(text.size() + 1), const_cast<char *>(text.c_str())};
     XrmValue to{99, const_cast<char *>("untouched")};
     converter.convert(nullptr, nullptr, &from, &to);
     if (!to.addr) {
         EXPECT_EQ(to.size, 0u);
-        return {false, 0};
+        return std::nullopt;
     }
     XtArgVal value = 0;
     std::memcpy(&value, to.addr, to.size);
-    return {true, value};
+    return value;
 }
 
 std::string Upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    std::transform(text.begin(), text.end(), text.begin(), ::toupper);
     return text;
 }
 
@@ -86,11 +81,8 @@ TEST_F(ConvertersTest, TakeEachNameInAnyCaseWithAndWithoutThePrefix) {
     for (const Converter &converter : converters)
         for (const auto &[text, value] : converter.values)
             for (const std::string &spelling :
-                 {text, Upper(text), "Xm" + text, "xm" + Upper(text), "xM" + text}) {
-                const Converted converted = Convert(converter, spelling);
-                EXPECT_TRUE(converted.found && converted.value == value)
-                    << converter.name << " " << spelling << " gave " << converted.value;
-            }
+                 {text, Upper(text), "Xm" + text, "xm" + Upper(text), "xM" + text})
+                EXPECT_EQ(Convert(converter, spelling), value) << converter.name << " " << spelling;
 }
 
 TEST_F(ConvertersTest, WarnOfAnythingElseUnderTheNameThatTheyKnow) {
@@ -99,31 +91,25 @@ TEST_F(ConvertersTest, WarnOfAnythingElseUnderTheNameThatTheyKnow) {
              {std::string("Xm"), std::string(), "xmxm" + converter.values[0].first,
               converter.values[0].first + "s", " " + converter.values[0].first}) {
             refused.clear();
-            EXPECT_FALSE(Convert(converter, text).found) << converter.name << " " << text;
+            EXPECT_FALSE(Convert(converter, text)) << converter.name << " " << text;
             EXPECT_EQ(refused, (Refused{{text, converter.warned_type}}));
         }
 }
 
-TEST_F(ConvertersTest, ServeTheResourceDatabase) {
-    SetResource("*autoLayoutMode: partial");
+TEST_F(ConvertersTest, ServeTheResourceDatabaseAndLeaveTheDefaultWhereItHoldsNonsense) {
+    SetResource("*autoLayoutMode: sometimes");
+    SetResource("*layoutStyle: moth");
     SetResource("*arcDrawMode: XmPosition_Fixed");
     SetResource("*arcDirection: DIRECTED");
     SetResource("*style: LineOnOffDash");
     MakeGraph();
     Widget arc = XmCreateArc(graph, Name("arc"), nullptr, 0);
-    EXPECT_EQ(ValueOf(graph, XmNautoLayoutMode), XmPARTIAL);
-    EXPECT_EQ(ValueOf(graph, XmNarcDrawMode), XmPOSITION_FIXED);
-    EXPECT_EQ(ValueOf(arc, XmNarcDirection), XmDIRECTED);
-    EXPECT_EQ(ValueOf(arc, XmNstyle), LineOnOffDash);
-}
-
-TEST_F(ConvertersTest, LeaveTheDefaultWhereTheDatabaseHoldsNonsense) {
-    SetResource("*autoLayoutMode: sometimes");
-    SetResource("*layoutStyle: moth");
-    MakeGraph();
     EXPECT_EQ(refused, (Refused{{"sometimes", "ArcDirection"}, {"moth", "CapStyle"}}));
     EXPECT_EQ(ValueOf(graph, XmNautoLayoutMode), 0u);
     EXPECT_EQ(ValueOf(graph, XmNlayoutStyle), 0u);
+    EXPECT_EQ(ValueOf(graph, XmNarcDrawMode), XmPOSITION_FIXED);
+    EXPECT_EQ(ValueOf(arc, XmNarcDirection), XmDIRECTED);
+    EXPECT_EQ(ValueOf(arc, XmNstyle), LineOnOffDash);
 }
 
 // ---- Units -----------------------------------------------------------------------
@@ -151,11 +137,10 @@ TEST_F(SpacingUnitsTest, AreTurnedIntoPixelsByTheAxisOfTheOrientationAndReadBack
          {Row{XmHORIZONTAL, 40, 40, 200, 400}, Row{XmVERTICAL, 80, 20, 800, 100}}) {
         graph = XtVaCreateWidget("graph", xmGraphWidgetClass, shell, XmNorientation,
                                  row.orientation, XmNunitType, Xm100TH_FONT_UNITS, nullptr);
-        const XmGraphPart &part = GraphPartOf(graph);
-        EXPECT_EQ(part.child_spacing, row.child);
-        EXPECT_EQ(part.sibling_spacing, row.sibling);
-        EXPECT_EQ(part.child_spacing_units, 400);
-        EXPECT_EQ(part.sibling_spacing_units, 200);
+        EXPECT_EQ(GraphPartOf(graph).child_spacing, row.child);
+        EXPECT_EQ(GraphPartOf(graph).sibling_spacing, row.sibling);
+        EXPECT_EQ(GraphPartOf(graph).child_spacing_units, 400);
+        EXPECT_EQ(GraphPartOf(graph).sibling_spacing_units, 200);
         EXPECT_EQ(ValueOf(graph, XmNchildSpacing), row.child_read);
         EXPECT_EQ(ValueOf(graph, XmNsiblingSpacing), row.sibling_read);
         XtDestroyWidget(graph);

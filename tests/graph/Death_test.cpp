@@ -1,4 +1,3 @@
-#include <tests/graph/GraphCheck.h>
 #include <tests/graph/GraphLife.h>
 
 #include <X11/StringDefs.h>
@@ -24,14 +23,18 @@ protected:
     Widgets arcs;                 // a to b twice, b to a, a to a, b to c
     std::map<Widget, int> deaths; // of all that is alive or died in this test
 
-    void OnDeath(Widget widget, std::function<void()> act) {
+    void On(Widget widget, const char *callback_list, std::function<void()> act) {
         acts.push_back(std::make_unique<std::function<void()>>(std::move(act)));
         XtAddCallback(
-            widget, XtNdestroyCallback,
+            widget, callback_list,
             [](Widget, XtPointer closure, XtPointer) {
                 (*static_cast<std::function<void()> *>(closure))();
             },
             acts.back().get());
+    }
+
+    void OnDeath(Widget widget, std::function<void()> act) {
+        On(widget, XtNdestroyCallback, std::move(act));
     }
 
     void Watch(Widget widget) {
@@ -39,9 +42,21 @@ protected:
         OnDeath(widget, [this, widget] { deaths[widget] += 1; });
     }
 
+    // For the next life in the same test.
+    void Forget() {
+        RunWorkProcs();
+        deaths.clear();
+    }
+
     void DestroyLiving(Widget widget) {
         if (deaths[widget] == 0)
             XtDestroyWidget(widget);
+    }
+
+    // Graph and window take each other along.
+    void MakeScrolledGraph() {
+        XtManageChild(graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0));
+        Watch(XtParent(XtParent(graph)));
     }
 
     void Populate() {
@@ -92,7 +107,7 @@ protected:
     void SetUp() override {
         DeathTest::SetUp();
         if (GetParam() == Situation::InAScrolledGraph)
-            XtManageChild(graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0));
+            MakeScrolledGraph();
         else
             MakeGraph();
         Populate();
@@ -127,7 +142,7 @@ TEST_P(DeathOrderTest, ANodeDetachesItsArcsAtOnceAndAWorkProcedureDestroysThem) 
     ExpectUsable();
 }
 
-TEST_P(DeathOrderTest, ArcsMayDieBeforeTheirNodes) {
+TEST_P(DeathOrderTest, ArcsMayDieBeforeTheirNodesAndBeforeTheirTurn) {
     Do([&] {
         for (size_t i : {1U, 0U, 3U})
             XtDestroyWidget(arcs[i]);
@@ -136,18 +151,10 @@ TEST_P(DeathOrderTest, ArcsMayDieBeforeTheirNodes) {
     });
     RunWorkProcs();
     ExpectDead({a, arcs[0], arcs[1], arcs[2], arcs[3]});
-    EXPECT_EQ(ArcsOf(graph), Widgets{arcs[4]});
-    ExpectUsable();
-}
-
-TEST_P(DeathOrderTest, AWaitingArcMayBeDestroyedByTheClientFirst) {
     XtDestroyWidget(b);
-    Do([&] {
-        XtDestroyWidget(arcs[1]);
-        XtDestroyWidget(arcs[4]);
-    });
+    Do([&] { XtDestroyWidget(arcs[4]); });
     RunWorkProcs();
-    ExpectDead({b, arcs[0], arcs[1], arcs[2], arcs[4]});
+    ExpectDead({a, b, arcs[0], arcs[1], arcs[2], arcs[3], arcs[4]});
     ExpectUsable();
 }
 
@@ -155,6 +162,13 @@ TEST_P(DeathOrderTest, AGraphTakesAllAlongAtOnce) {
     Do([&] { XtDestroyWidget(graph); });
     ExpectAllDead();
     RunWorkProcs();
+}
+
+TEST_P(DeathOrderTest, ADestroyCallbackMayDestroyTheGraph) {
+    OnDeath(arcs[1], [&] { XtDestroyWidget(graph); });
+    Do([&] { XtDestroyWidget(arcs[1]); });
+    RunWorkProcs();
+    ExpectAllDead();
 }
 
 TEST_P(DeathOrderTest, WaitingArcsGoWithTheirGraphOrItsShell) {
@@ -202,13 +216,6 @@ TEST_P(DeathOrderTest, DestroyCallbacksMayDestroyNeighbours) {
     }
 }
 
-TEST_P(DeathOrderTest, ADestroyCallbackMayDestroyTheGraph) {
-    OnDeath(arcs[1], [&] { XtDestroyWidget(graph); });
-    Do([&] { XtDestroyWidget(arcs[1]); });
-    RunWorkProcs();
-    ExpectAllDead();
-}
-
 // ---- The toolkit's order of destruction in a dispatch -------------------------------------
 
 // Arcs are no children in the toolkit's eyes: it may come to them after their graph.
@@ -219,10 +226,6 @@ TEST_F(DeathTest, ArcsMayOutliveTheirGraphInADispatch) {
         [&] {
             for (Widget widget : {graph, arcs[1], arcs[4], arcs[3]})
                 XtDestroyWidget(widget);
-        },
-        [&] {
-            XtDestroyWidget(arcs[1]);
-            InDispatch([&] { XtDestroyWidget(graph); });
         },
         [&] {
             XmGraphDestroyAllArcs(graph);
@@ -256,9 +259,7 @@ TEST_F(DeathTest, AButtonMayDestroyItselfWhenActivated) {
         MakeArc(button, a);
         MakeArc(b, button);
         Watch(button);
-        XtAddCallback(
-            button, XmNactivateCallback, [](Widget w, XtPointer, XtPointer) { XtDestroyWidget(w); },
-            nullptr);
+        On(button, XmNactivateCallback, [&] { XtDestroyWidget(button); });
         Show();
         Click(button, 5, 5);
         EXPECT_EQ(deaths[button], 1);
@@ -272,16 +273,6 @@ TEST_F(DeathTest, AButtonMayDestroyItselfWhenActivated) {
         deaths.clear();
     }
 }
-
-// What a callback does once, the first time that it is called for one of these reasons.
-struct Once {
-    std::function<void()> act;
-    static void Run(Widget, XtPointer closure, XtPointer) {
-        auto *once = static_cast<Once *>(closure);
-        if (auto act = std::exchange(once->act, nullptr))
-            act();
-    }
-};
 
 TEST_F(DeathTest, ANodeMayDieInAnyGraphChangedCallback) {
     MakeGraph();
@@ -301,16 +292,18 @@ TEST_F(DeathTest, ANodeMayDieInAnyGraphChangedCallback) {
         for (Widget *victim : {&b, &c}) {
             Populate();
             XmGraphMoveNode(graph, a, 1000, 900);
-            Once once{[&] { XtDestroyWidget(*victim); }};
-            XtAddCallback(graph, XmNgraphChangedCallback, Once::Run, &once);
+            bool acted = false;
+            On(graph, XmNgraphChangedCallback, [&] {
+                if (!std::exchange(acted, true))
+                    XtDestroyWidget(*victim);
+            });
             enter();
-            XtRemoveCallback(graph, XmNgraphChangedCallback, Once::Run, &once);
-            EXPECT_FALSE(once.act);
+            XtRemoveAllCallbacks(graph, XmNgraphChangedCallback);
+            EXPECT_TRUE(acted);
             RunWorkProcs();
             ExpectUsable();
             XmGraphDestroyAllNodes(graph);
-            RunWorkProcs();
-            deaths.clear();
+            Forget();
         }
 }
 
@@ -330,35 +323,22 @@ TEST_F(DeathTest, AGraphMayDieInItsOwnCallbackOutsideOfADispatch) {
         Populate();
         XmGraphMoveNode(graph, c, 1000, 900);
         Show();
-        Once once{[&] { XtDestroyWidget(graph); }};
-        XtAddCallback(graph, XmNgraphChangedCallback, Once::Run, &once);
+        bool acted = false;
+        On(graph, XmNgraphChangedCallback, [&] {
+            if (!std::exchange(acted, true))
+                XtDestroyWidget(graph);
+        });
         auto due = [](XtPointer closure, XtIntervalId *) {
             (*static_cast<const std::function<void()> *>(closure))();
         };
         XtAppAddTimeOut(app, 0, due, const_cast<std::function<void()> *>(&enter));
-        EXPECT_TRUE(PumpUntil([&] { return !once.act; }));
-        RunWorkProcs();
+        EXPECT_TRUE(PumpUntil([&] { return acted; }));
         EXPECT_EQ(deaths[graph], 1);
-        deaths.clear();
+        Forget();
     }
 }
 
 // ---- Scrolled windows ------------------------------------------------------------------
-
-TEST_F(DeathTest, AScrolledGraphAndItsWindowTakeEachOtherAlong) {
-    for (bool graph_first : {true, false}) {
-        graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0);
-        XtManageChild(graph);
-        Populate();
-        Show();
-        Widget window = XtParent(XtParent(graph));
-        Watch(window);
-        XtDestroyWidget(graph_first ? graph : window);
-        ExpectAllDead();
-        RunWorkProcs();
-        deaths.clear();
-    }
-}
 
 TEST_F(DeathTest, AClientsScrolledWindowForgetsItsGraph) {
     Widget window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, shell,
@@ -401,24 +381,33 @@ TEST_F(DeathTest, BarsThatAreOlderThanTheirGraphMayDieFirst) {
     ExpectAllDead();
 }
 
-TEST_F(DeathTest, AllThatXmNchildrenNamesMayDie) {
+TEST_F(DeathTest, AllThatXmNchildrenNamesMayDieAlsoWhatIsNoNode) {
     MakeGraph();
+    Widget object = XtCreateWidget("object", objectClass, graph, nullptr, 0);
     Populate();
+    EXPECT_EQ(NodesOf(graph), (Widgets{a, b, c}));
     Show();
+    ExpectUsable();
+    XtDestroyWidget(object);
     auto children = reinterpret_cast<WidgetList>(ValueOf(graph, XmNchildren));
-    for (Widget child : Widgets(children, children + 4))
+    for (Widget child : Widgets(children, children + CompositeOf(graph).num_children))
         XtDestroyWidget(child);
     EXPECT_EQ(XmGraphNumNodes(graph), 0);
     ExpectUsable();
 }
 
-TEST_F(DeathTest, AWaitingArcIsAttachedNoMore) {
+TEST_F(DeathTest, NeitherAWaitingArcNorOneToADyingNodeIsAttached) {
     MakeGraph();
     Populate();
     Show();
+    Widget late = nullptr;
+    OnDeath(a, [&] { late = MakeArc(a, c); });
     XtDestroyWidget(a);
+    ASSERT_TRUE(late);
+    EXPECT_FALSE(ArcPartOf(late).from || ArcPartOf(late).to);
     XtVaSetValues(arcs[0], XmNfrom, c, XmNto, b, nullptr);
     EXPECT_FALSE(ArcPartOf(arcs[0]).from);
+    EXPECT_EQ(ArcsIn(NodeRecOf(c)->to_arcs), Widgets{arcs[4]});
     XtDestroyWidget(c);
     ExpectUsable();
 }
@@ -428,9 +417,7 @@ TEST_F(DeathTest, AWaitingArcIsAttachedNoMore) {
 TEST_F(DeathTest, AGraphGivesAllItsServerResourcesBack) {
     Pixel color = 0x100;
     auto live = [&](bool scrolled) {
-        auto create = scrolled ? XmCreateScrolledGraph : XmCreateGraph;
-        graph = create(shell, Name("graph"), nullptr, 0);
-        XtManageChild(graph);
+        scrolled ? MakeScrolledGraph() : MakeGraph();
         Populate();
         for (Widget arc : arcs)
             XtVaSetValues(arc, XmNforeground, ++color, XmNmapLabel, True, XmNfontList, nullptr,
@@ -442,8 +429,8 @@ TEST_F(DeathTest, AGraphGivesAllItsServerResourcesBack) {
         XmGraphLayout(graph);
         Show();
         XtDestroyWidget(scrolled ? XtParent(XtParent(graph)) : graph);
-        RunWorkProcs();
-        deaths.clear();
+        ExpectAllDead();
+        Forget();
     };
     live(true);
     live(false);
@@ -475,33 +462,19 @@ TEST_F(DeathTest, AnInsertPositionProcedureMaySayAnything) {
     }
 }
 
-TEST_F(DeathTest, AnObjectThatIsNoRectangleIsNoNode) {
-    MakeGraph();
-    Widget object = XtCreateWidget("object", objectClass, graph, nullptr, 0);
-    Populate();
-    EXPECT_EQ(NodesOf(graph), (Widgets{a, b, c}));
-    Show();
-    ExpectUsable();
-    XtDestroyWidget(object);
-    ExpectUsable();
-}
-
 // An arc of a subclass stands among the children, without a record.
 TEST_F(DeathTest, AnArcOfASubclassLivesAmongTheChildren) {
-    static XmArcClassRec subclass = [] {
-        XmArcClassRec record{};
-        record.core_class.superclass = xmArcWidgetClass;
-        record.core_class.class_name = Name("FineArc");
-        record.core_class.widget_size = sizeof(XmArcRec) + 64;
-        record.core_class.realize = XtInheritRealize;
-        record.core_class.xrm_class = NULLQUARK;
-        record.core_class.compress_exposure = XtExposeCompressSeries;
-        record.core_class.resize = XtInheritResize;
-        record.core_class.expose = XtInheritExpose;
-        record.core_class.set_values_almost = XtInheritSetValuesAlmost;
-        record.core_class.version = XtVersion;
-        return record;
-    }();
+    static XmArcClassRec subclass{.core_class = {
+                                      .superclass = xmArcWidgetClass,
+                                      .class_name = Name("FineArc"),
+                                      .widget_size = sizeof(XmArcRec) + 64,
+                                      .realize = XtInheritRealize,
+                                      .xrm_class = NULLQUARK,
+                                      .resize = XtInheritResize,
+                                      .expose = XtInheritExpose,
+                                      .set_values_almost = XtInheritSetValuesAlmost,
+                                      .version = XtVersion,
+                                  }};
     auto fine_class = reinterpret_cast<WidgetClass>(&subclass);
     for (Situation situation : {Situation::BeforeRealisation, Situation::BetweenEvents}) {
         MakeGraph();

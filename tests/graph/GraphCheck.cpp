@@ -1,5 +1,3 @@
-#include <tests/graph/GraphCheck.h>
-
 #include <tests/graph/GraphLife.h>
 
 #include <algorithm>

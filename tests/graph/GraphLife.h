@@ -79,6 +79,9 @@ inline XtArgVal ValueOf(Widget object, const char *resource) {
     return value;
 }
 
+// Expects that all lists of a graph agree with one another and name only what is alive.
+void ExpectConsistent(Widget graph);
+
 class GraphLifeTest : public DisplayTest {
 protected:
     Widget graph = nullptr;

@@ -1,6 +1,5 @@
 // A random life of a graph beside a plain model of what its lists must hold.
 
-#include <tests/graph/GraphCheck.h>
 #include <tests/graph/GraphLife.h>
 
 #include <Xm/PushB.h>
@@ -170,17 +169,6 @@ protected:
         }
     }
 
-    void NameRoots(Random &random) {
-        Widget root = AnyOf(random, model.nodes);
-        (random.Chance(0.6) ? XmGraphInsertRoots : XmGraphRemoveRoots)(graph, &root, 1);
-    }
-
-    void Manage(Random &random) {
-        Widget object = random.Chance(0.5) || model.arcs.empty() ? AnyOf(random, model.nodes)
-                                                                 : AnyOf(random, model.arcs);
-        (XtIsManaged(object) ? XtUnmanageChild : XtManageChild)(object);
-    }
-
     void Step(Random &random) {
         if (model.nodes.size() < 2)
             return AddNode(random);
@@ -194,8 +182,15 @@ protected:
         case 6:
         case 7: return Destroy(random);
         case 8: return LayOut(random);
-        case 9: return NameRoots(random);
-        case 10: return Manage(random);
+        case 9: {
+            Widget root = AnyOf(random, model.nodes);
+            return (random.Chance(0.6) ? XmGraphInsertRoots : XmGraphRemoveRoots)(graph, &root, 1);
+        }
+        case 10: {
+            Widget object = random.Chance(0.5) || model.arcs.empty() ? AnyOf(random, model.nodes)
+                                                                     : AnyOf(random, model.arcs);
+            return (XtIsManaged(object) ? XtUnmanageChild : XtManageChild)(object);
+        }
         default: return RunWorkProcs();
         }
     }
