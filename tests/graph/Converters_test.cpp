@@ -145,12 +145,9 @@ TEST_F(SpacingUnitsTest, AreTurnedIntoPixelsByTheAxisOfTheOrientationAndReadBack
         EXPECT_EQ(ValueOf(graph, XmNsiblingSpacing), row.sibling_read);
         XtDestroyWidget(graph);
     }
-}
-
-TEST_F(SpacingUnitsTest, AreConvertedTwiceWhereTheyAreArguments) {
+    // Arguments are converted twice: first by the other axis to 200 and 100, then these as units.
     graph = XtVaCreateWidget("graph", xmGraphWidgetClass, shell, XmNunitType, Xm100TH_FONT_UNITS,
                              XmNchildSpacing, 1000, XmNsiblingSpacing, 1000, nullptr);
-    // First by the other axis to 200 and 100, then these as units.
     EXPECT_EQ(GraphPartOf(graph).child_spacing, 20);
     EXPECT_EQ(GraphPartOf(graph).sibling_spacing, 20);
 }

@@ -42,15 +42,6 @@ long CountOf(const Widgets &widgets, Widget widget) {
     return std::count(widgets.begin(), widgets.end(), widget);
 }
 
-void ExpectNode(const Living &living, NodePtr node) {
-    living.ExpectArcs(node->from_arcs, node->widget, &XmArcPart::from);
-    living.ExpectArcs(node->to_arcs, node->widget, &XmArcPart::to);
-    living.ExpectNodes(node->parents, "parents");
-    living.ExpectNodes(node->children, "children");
-    living.ExpectNodes(node->tree_children, "tree_children");
-    EXPECT_TRUE(!node->tree_parent || living.nodes.contains(node->tree_parent));
-}
-
 void ExpectArc(const Living &living, Widget arc) {
     const auto &part = ArcPartOf(arc);
     if (!part.from || !part.to) {
@@ -75,8 +66,14 @@ void ExpectArc(const Living &living, Widget arc) {
 
 void ExpectConsistent(Widget graph) {
     const Living living(graph);
-    for (NodePtr node : living.nodes)
-        ExpectNode(living, node);
+    for (NodePtr node : living.nodes) {
+        living.ExpectArcs(node->from_arcs, node->widget, &XmArcPart::from);
+        living.ExpectArcs(node->to_arcs, node->widget, &XmArcPart::to);
+        living.ExpectNodes(node->parents, "parents");
+        living.ExpectNodes(node->children, "children");
+        living.ExpectNodes(node->tree_children, "tree_children");
+        EXPECT_TRUE(!node->tree_parent || living.nodes.contains(node->tree_parent));
+    }
     for (Widget arc : living.arcs)
         ExpectArc(living, arc);
     const auto &part = GraphPartOf(graph);

@@ -37,22 +37,18 @@ struct Model {
 
     Widgets &TwinsOf(Widget arc) { return twins[std::minmax(arcs[arc].from, arcs[arc].to)]; }
 
-    void Link(Widget from, Widget to) {
-        AddOnce(nodes[from].children, to);
-        AddOnce(nodes[to].parents, from);
-    }
-
     // Nodes part with any arc between them, also where another stays.
     void Part(Widget from, Widget to) {
         Remove(nodes[from].children, to);
         Remove(nodes[to].parents, from);
     }
 
-    void Attach(Widget arc, Widget from, Widget to) {
+    void Join(Widget arc, Widget from, Widget to) {
         arcs[arc] = {from, to};
-        nodes[from].from_arcs.push_back(arc);
-        nodes[to].to_arcs.push_back(arc);
-        Link(from, to);
+        AddOnce(nodes[from].from_arcs, arc);
+        AddOnce(nodes[to].to_arcs, arc);
+        AddOnce(nodes[from].children, to);
+        AddOnce(nodes[to].parents, from);
         TwinsOf(arc).push_back(arc);
     }
 
@@ -75,16 +71,12 @@ struct Model {
         if (old.from != from) {
             Part(old.from, old.to);
             Remove(nodes[old.from].from_arcs, arc);
-            nodes[from].from_arcs.push_back(arc);
         }
         if (old.to != to) {
             Part(from, old.to);
             Remove(nodes[old.to].to_arcs, arc);
-            nodes[to].to_arcs.push_back(arc);
         }
-        arcs[arc] = {from, to};
-        Link(from, to);
-        TwinsOf(arc).push_back(arc);
+        Join(arc, from, to);
     }
 
     void Kill(Widget node) {
@@ -126,7 +118,7 @@ protected:
             Widget arc = XmCreateAttachedArc(graph, Name("arc"), from, to, nullptr, 0);
             if (random.Chance(0.8))
                 XtManageChild(arc);
-            model.Attach(arc, from, to);
+            model.Join(arc, from, to);
         }
     }
 
@@ -141,7 +133,7 @@ protected:
             model.Move(arc, from, to);
         } else {
             XtVaSetValues(arc, XmNfrom, from, XmNto, to, nullptr);
-            attached ? model.Move(arc, from, to) : model.Attach(arc, from, to);
+            attached ? model.Move(arc, from, to) : model.Join(arc, from, to);
         }
     }
 

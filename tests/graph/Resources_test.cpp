@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 namespace {
 
@@ -258,11 +259,9 @@ TEST_F(ResourcesTest, AnArcKeepsItsLookInTwoGCs) {
                      GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCCapStyle |
                          GCDashOffset,
                      &got);
-        EXPECT_EQ(got.foreground, foreground);
-        EXPECT_EQ(got.background, background);
-        EXPECT_EQ(got.line_width, width);
+        EXPECT_EQ(std::tie(got.foreground, got.background, got.line_width, got.cap_style),
+                  std::tie(foreground, background, width, cap));
         EXPECT_EQ(got.line_style, LineOnOffDash);
-        EXPECT_EQ(got.cap_style, cap);
         EXPECT_EQ(got.dash_offset, 2);
     };
     // At creation, and then only, CapNotLast becomes CapButt.
