@@ -2,8 +2,6 @@
 
 #include <tests/graph/DrawnGraph.h>
 
-#include <Xm/DrawingA.h>
-#include <Xm/PushB.h>
 #include <Xm/PushBG.h>
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
@@ -52,13 +50,13 @@ protected:
     }
 
     // Arcs of every kind, crossing one another, two nodes with text, and one node in the way.
-    void BuildScene(XmRenderTable fonts) {
+    void BuildScene() {
         XtVaSetValues(graph, XmNhighlightColor, Colour("green"), nullptr);
         Widget up = Node({140, 20, 70, 30}, xmPushButtonGadgetClass, "up");
         Widget down = Node({300, 260, 90, 40}, xmPushButtonGadgetClass, "down");
         Node({170, 105, 30, 30}, xmPushButtonGadgetClass, "in the way");
         auto arc = [&](Widget from, Widget to, auto... args) {
-            all.push_back(Arc(from, to, XmNfontList, fonts, args...));
+            all.push_back(Arc(from, to, args...));
         };
         arc(left, right, XmNmapLabel, True, XmNarcDirection, XmDIRECTED);
         arc(right, left, XmNarcDirection, XmBIDIRECTED, XmNarcWidth, 3, XmNmapLabel, True);
@@ -71,13 +69,10 @@ protected:
     }
 
     void ExpectExactPartialRepaints();
-
     Widget left = nullptr;
     Widget right = nullptr;
     std::vector<Widget> all;
 };
-
-// ---- Shapes ------------------------------------------------------------------------------------
 
 TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
     Widget arc = Arc(left, right);
@@ -93,10 +88,16 @@ TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
         const auto calls = Repaint();
         EXPECT_EQ(Of(calls, "XDrawLine"), std::vector<Numbers>{line}) << expected.direction;
         EXPECT_EQ(Of(calls, "XFillPolygon"), expected.heads) << expected.direction;
+        EXPECT_TRUE(Of(calls, "_XmStringDraw").empty());
     }
     Recorder recorder;
     Uncover({244, 117, 2, 2});
     EXPECT_FALSE(ByArcs(recorder).empty()) << "the head is wider than the line";
+    XtVaSetValues(arc, XmNmapLabel, True, nullptr);
+    const XmArcPart &part = PartOf(arc);
+    EXPECT_EQ(Of(Repaint(), "_XmStringDraw"),
+              (std::vector<Numbers>{
+                  {180, 120 - part.label_height, part.label_width, XmALIGNMENT_CENTER, 0}}));
 }
 
 TEST_F(ArcDrawing, ParallelArcsBowToAlternateSidesWhereTwinsAreVisible) {
@@ -113,16 +114,13 @@ TEST_F(ArcDrawing, ParallelArcsBowToAlternateSidesWhereTwinsAreVisible) {
     // The control points lie 40 pixels beside the line, the middle of a curve half as far.
     EXPECT_NEAR(static_cast<double>(curves[0][21]), 100, 1);
     EXPECT_NEAR(static_cast<double>(curves[1][21]), 140, 1);
-    EXPECT_EQ(curves[0][0], 110);
     EXPECT_EQ(curves[0][38], 243) << "a curve stops at 95 percent of its way";
-    EXPECT_EQ(curves[1][0], 250);
     const auto heads = Of(calls, "XFillPolygon");
     ASSERT_EQ(heads.size(), 1u);
     EXPECT_NEAR(static_cast<double>(heads[0][3] + heads[0][5]) / 2, 117, 1)
         << "it comes from the control point";
     const auto labels = Of(calls, "_XmStringDraw");
     ASSERT_EQ(labels.size(), 1u);
-    EXPECT_EQ(labels[0][0], curves[1][20]);
     EXPECT_LT(labels[0][1], curves[1][21] - 5) << "it stands on the curve";
 
     XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
@@ -169,48 +167,22 @@ TEST_F(ArcDrawing, FourLoopsStandOnFourSidesAndTheFifthOnTheFirst) {
     EXPECT_EQ(Of(calls, "_XmStringDraw"), labels);
 }
 
-TEST_F(ArcDrawing, ALabelStandsAboveTheMiddleOnceItIsMapped) {
-    Widget arc = Arc(left, right);
-    Show();
-    EXPECT_TRUE(Of(Repaint(), "_XmStringDraw").empty());
-    XtVaSetValues(arc, XmNmapLabel, True, nullptr);
-    const XmArcPart &part = PartOf(arc);
-    ASSERT_GT(part.label_height, 0);
-    EXPECT_EQ(Of(Repaint(), "_XmStringDraw"),
-              (std::vector<Numbers>{
-                  {180, 120 - part.label_height, part.label_width, XmALIGNMENT_CENTER, 0}}));
-}
-
 TEST_F(ArcDrawing, LineAttributesReachTheGCs) {
-    Widget arc = Arc(left, right, XmNarcWidth, 5, XmNstyle, LineOnOffDash, XmNdashOffset, 3,
-                     XmNforeground, Colour("red"));
-    const unsigned long mask = GCLineWidth | GCLineStyle | GCCapStyle | GCForeground | GCDashOffset;
-    auto check = [&](GC gc, XGCValues expected) {
+    Widget arc =
+        Arc(left, right, XmNarcWidth, 5, XmNstyle, LineOnOffDash, XmNforeground, Colour("red"));
+    auto expect = [&](GC gc, int width, int line_style, int cap, Pixel colour) {
         XGCValues values{};
-        XGetGCValues(display, gc, mask, &values);
-        EXPECT_EQ(values.line_width, expected.line_width);
-        EXPECT_EQ(values.line_style, expected.line_style);
-        EXPECT_EQ(values.cap_style, expected.cap_style);
-        EXPECT_EQ(values.foreground, expected.foreground);
-        EXPECT_EQ(values.dash_offset, expected.dash_offset);
+        XGetGCValues(display, gc, GCLineWidth | GCLineStyle | GCCapStyle | GCForeground, &values);
+        EXPECT_EQ((Numbers{values.line_width, values.line_style, values.cap_style}),
+                  (Numbers{width, line_style, cap}));
+        EXPECT_EQ(values.foreground, colour);
     };
-    XGCValues expected{};
-    expected.line_width = 5;
-    expected.line_style = LineOnOffDash;
-    expected.cap_style = CapButt; // what a new arc takes CapNotLast for
-    expected.dash_offset = 3;
-    expected.foreground = White();
-    check(PartOf(arc).clear_gc, expected);
-    expected.foreground = Colour("red");
-    check(PartOf(arc).gc, expected);
-
+    // A new arc takes CapNotLast for CapButt.
+    expect(PartOf(arc).clear_gc, 5, LineOnOffDash, CapButt, White());
+    expect(PartOf(arc).gc, 5, LineOnOffDash, CapButt, Colour("red"));
     XtVaSetValues(arc, XmNarcWidth, 0, XmNcapStyle, CapRound, nullptr);
-    expected.line_width = 0;
-    expected.cap_style = CapRound;
-    check(PartOf(arc).gc, expected);
+    expect(PartOf(arc).gc, 0, LineOnOffDash, CapRound, Colour("red"));
 }
-
-// ---- GCs that others share --------------------------------------------------------------------
 
 TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
     XtVaSetValues(graph, XmNhighlightColor, Colour("red"), nullptr);
@@ -219,8 +191,6 @@ TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
     Show();
     ASSERT_EQ(PartOf(arc).gc, PartOf(other).gc);
     _XmHighlightArc(arc);
-    EXPECT_TRUE(PartOf(arc).highlight);
-
     const XRectangle exposed = {120, 60, 100, 100};
     Recorder recorder;
     Uncover(exposed);
@@ -235,33 +205,16 @@ TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
     EXPECT_EQ(calls[3].foreground, Black()) << "the highlight reached an arc with the same GC";
     EXPECT_EQ(calls[4].foreground, Black());
     EXPECT_FALSE(calls[4].clip_box);
-
-    recorder.Clear();
-    _XmUnhighlightArc(arc);
-    const auto back = recorder.Calls("XDrawLine", XtWindow(graph));
-    ASSERT_EQ(back.size(), 2u);
-    EXPECT_EQ(back[0].foreground, White());
-    EXPECT_EQ(back[1].foreground, Black());
 }
-
-TEST_F(ArcDrawing, AnUnmanagedArcDrawsNothing) {
-    Widget arc = XmCreateAttachedArc(graph, Name("arc"), left, right, nullptr, 0);
-    Show();
-    _XmHighlightArc(arc);
-    EXPECT_TRUE(Repaint().empty());
-    EXPECT_FALSE(PartOf(arc).drawn);
-    XtManageChild(arc);
-    EXPECT_EQ(Repaint().size(), 1u);
-    EXPECT_TRUE(PartOf(arc).drawn);
-}
-
-// ---- Erasing ------------------------------------------------------------------------------------
 
 TEST_F(ArcDrawing, ErasingLeavesExactlyTheBackground) {
-    BuildScene(XftFont());
+    BuildScene();
+    for (Widget arc : all)
+        XtVaSetValues(arc, XmNfontList, XftFont(), nullptr);
     XtUnmanageChildren(all.data(), static_cast<Cardinal>(all.size()));
     Show();
     const Picture empty = Picture::Of(graph);
+    EXPECT_TRUE(Repaint().empty());
     for (Widget arc : all) {
         XtManageChild(arc);
         Pump();
@@ -278,13 +231,11 @@ TEST_F(ArcDrawing, AChangedLookLeavesNothingOfTheOldOne) {
     Widget arc = Arc(left, right, XmNarcWidth, 9, XmNmapLabel, True, XmNstyle, LineOnOffDash);
     XtVaSetValues(graph, XmNhighlightColor, Colour("green"), nullptr);
     Show();
-    XmString longer = XmStringCreateLocalized(Name("a longer label"));
     const std::pair<const char *, XtArgVal> changes[] = {
         {XmNforeground, static_cast<XtArgVal>(Colour("red"))},
         {XmNdashes, 11},
         {XmNarcWidth, 1},
         {XmNhighlight, True},
-        {XmNlabelString, reinterpret_cast<XtArgVal>(longer)},
         {XmNmapLabel, False},
     };
     for (const auto &[name, value] : changes) {
@@ -295,7 +246,6 @@ TEST_F(ArcDrawing, AChangedLookLeavesNothingOfTheOldOne) {
         Uncover();
         EXPECT_TRUE(SamePicture(Picture::Of(graph), changed)) << name;
     }
-    XmStringFree(longer);
 }
 
 TEST_F(ArcDrawing, AnArcIsErasedAsItWasDrawnLast) {
@@ -313,19 +263,10 @@ TEST_F(ArcDrawing, AnArcIsErasedAsItWasDrawnLast) {
 }
 
 TEST_F(ArcDrawing, MovingANodeTakesItsArcsAlong) {
-    Widget kept = Node({400, 300, 40, 40});
     for (Widget from : {left, left, right})
         Arc(from, right, XmNarcDirection, XmDIRECTED, XmNmapLabel, True);
-    Arc(left, kept);
     Show();
-    Recorder recorder;
     EXPECT_TRUE(XmGraphMoveNode(graph, right, 250, 300));
-    auto calls = recorder.Calls("XDrawLine", XtWindow(graph));
-    ASSERT_EQ(calls.size(), 2u);
-    EXPECT_EQ(calls[0].numbers, line);
-    EXPECT_EQ(calls[0].foreground, White());
-    EXPECT_EQ(calls[1].foreground, Black());
-    recorder.Stop();
     Pump();
     const Picture moved = Picture::Of(graph);
     Uncover();
@@ -349,8 +290,6 @@ TEST_F(ArcDrawing, TheTwinsBehindARemovedOneMoveUp) {
     XtDestroyWidget(first);
     EXPECT_EQ(Of(Repaint(), "XDrawLine"), std::vector<Numbers>{line});
 }
-
-// ---- Exposures -----------------------------------------------------------------------------------
 
 void ArcDrawing::ExpectExactPartialRepaints() {
     Random random;
@@ -389,16 +328,13 @@ void ArcDrawing::ExpectExactPartialRepaints() {
     }
 }
 
+// Antialiased labels would get bolder if they were painted where nothing was exposed.
 TEST_F(ArcDrawing, APartialExposureGivesTheSamePictureAsAWholeOne) {
-    BuildScene(nullptr);
+    BuildScene();
     Show();
     ExpectExactPartialRepaints();
-}
-
-// They would get bolder if they were painted where nothing was exposed.
-TEST_F(ArcDrawing, ThatHoldsForAntialiasedLabelsToo) {
-    BuildScene(XftFont());
-    Show();
+    for (Widget arc : all)
+        XtVaSetValues(arc, XmNfontList, XftFont(), nullptr);
     ExpectExactPartialRepaints();
 }
 
@@ -421,20 +357,13 @@ TEST_F(ArcDrawing, ACrossingArcOutOfViewStaysAwayUntilItIsAskedFor) {
     }
     Pump();
     EXPECT_TRUE(Repaint().empty());
-    EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
-
     Recorder recorder;
     XtVaSetValues(graph, XmNshowCrossingArcs, True, nullptr);
     EXPECT_EQ(ByArcs(recorder).size(), 1u) << "the arc is drawn by itself";
-    EXPECT_TRUE(recorder.Calls("XClearArea", XtWindow(graph)).empty());
     EXPECT_GT(Picture::Of(XtParent(graph)).Count(Black()), 100);
-    EXPECT_EQ(Repaint().size(), 1u);
 
-    recorder.Clear();
     XtVaSetValues(graph, XmNshowCrossingArcs, False, nullptr);
     EXPECT_FALSE(PartOf(arc).drawn);
-    EXPECT_EQ(recorder.Calls("XClearArea", XtWindow(graph)).size(), 1u)
-        << "what it crossed comes back";
     EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
 }
 

@@ -45,8 +45,6 @@ protected:
     Widget arc = nullptr;
 };
 
-// ---- Resource changes ----------------------------------------------------------------------------
-
 TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
     Show();
     const struct {
@@ -57,10 +55,8 @@ TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
     } changes[] = {
         {XmNorientation, XmVERTICAL, 1, 0},
         {XmNchildSpacing, 60, 1, 0},
-        {XmNsiblingSpacing, 10, 1, 0},
         {XmNunitType, Xm100TH_MILLIMETERS, 1, 0},
         {XmNautoLayoutMode, XmALWAYS, 1, 0},
-        {XmNautoLayoutMode, XmPARTIAL, 1, 0},
         {XmNautoLayoutMode, XmNEVER, 0, 0},
         {XmNreLayout, True, 1, 0},
         {XmNreLayout, True, 1, 0},
@@ -72,7 +68,6 @@ TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
         {XmNbackground, static_cast<XtArgVal>(Colour("yellow")), 0, 1},
         {XmNshowCrossingArcs, False, 0, 0},
         {XmNeditable, True, 0, 0},
-        {XmNdoubleClickInterval, 100, 0, 0},
         {XmNptrCursor, static_cast<XtArgVal>(Get<Cursor>(XmNmotionCursor)), 0, 0},
     };
     Recorder cursors;
@@ -108,10 +103,6 @@ TEST_F(Redisplay, ColoursReachTheGCsThatShowThem) {
     EXPECT_EQ(ColoursOf(part.xor_gc).foreground, old_xor);
     XtVaSetValues(graph, XmNhighlightColor, red, nullptr);
     EXPECT_EQ(ColoursOf(part.highlight_gc).foreground, red);
-    EXPECT_EQ(Get<Pixel>(XmNhighlightColor), red);
-    XtVaSetValues(graph, XmNoverviewNodeColor, red, XmNoverviewLineColor, yellow, nullptr);
-    EXPECT_EQ(ColoursOf(part.overview_node_gc).foreground, red);
-    EXPECT_EQ(ColoursOf(part.overview_line_gc).foreground, yellow);
 
     XtVaSetValues(graph, XmNbackground, yellow, nullptr);
     Pump();
@@ -141,12 +132,48 @@ TEST_F(Redisplay, OnlyGadgetsThatAnExposureTouchesArePainted) {
     EXPECT_EQ(texts({370, 320, 100, 1}), "two");
     EXPECT_EQ(texts({0, 290, 600, 50}), "onetwo");
     EXPECT_EQ(texts({40, 290, 10, 10}), "");
-    Recorder recorder;
-    _RefreshGadgets(graph, nullptr);
-    EXPECT_FALSE(recorder.Drawing(XtWindow(graph)).empty());
 }
 
-// ---- Edit modes -----------------------------------------------------------------------------------
+TEST_F(Redisplay, ManagingAnArcDoesNotRealiseIt) {
+    Show();
+    int realised = 0;
+    auto count = [](Widget, XtPointer closure, XtPointer call_data) {
+        const auto *change = static_cast<XtChangeHookData>(call_data);
+        if (change->type == std::string_view(XtHrealizeWidget) && XmIsArc(change->widget))
+            ++*static_cast<int *>(closure);
+    };
+    Widget hooks = XtHooksOfDisplay(display);
+    XtAddCallback(hooks, XtNchangeHook, count, &realised);
+    auto expect_bare = [&](std::initializer_list<Widget> arcs) {
+        Pump();
+        EXPECT_EQ(realised, 0);
+        for (Widget each : arcs)
+            EXPECT_EQ(each->core.window, None);
+    };
+    Widget alone = Arc(left, right);
+    expect_bare({arc, alone});
+
+    Widget node = XtVaCreateWidget("node", xmPushButtonWidgetClass, graph, nullptr);
+    Widget other = XtVaCreateWidget("other", xmPushButtonWidgetClass, graph, nullptr);
+    Widget first = XmCreateAttachedArc(graph, Name("first"), node, other, nullptr, 0);
+    Widget second = XmCreateAttachedArc(graph, Name("second"), other, left, nullptr, 0);
+    Widget mixed[] = {first, node, second, other};
+    for (int i = 0; i < 2; i++) {
+        XtManageChildren(mixed, XtNumber(mixed));
+        expect_bare({first, second});
+        EXPECT_TRUE(XtIsRealized(node) && XtIsRealized(other));
+        XtUnmanageChildren(mixed, XtNumber(mixed));
+        expect_bare({first, second});
+    }
+    XtManageChildren(mixed, XtNumber(mixed));
+    for (Widget dying : {alone, second, node})
+        XtDestroyWidget(dying);
+    expect_bare({arc});
+    XtRemoveCallback(hooks, XtNchangeHook, count, &realised);
+    XWindowAttributes attributes{};
+    EXPECT_TRUE(XGetWindowAttributes(display, XtWindow(graph), &attributes));
+    EXPECT_EQ(attributes.map_state, IsViewable);
+}
 
 class EditMode : public DrawnGraph {
 protected:
@@ -163,7 +190,6 @@ protected:
             << XtName(w) << (takes_input ? " in a read-only graph" : " in an editable graph");
     }
 
-    // A button, and a board with another button two managers deep.
     void AddNodes() {
         button = Node({20, 20, 60, 30}, xmPushButtonWidgetClass, "button");
         board = Node({120, 20, 100, 80}, xmBulletinBoardWidgetClass, "board");
@@ -191,14 +217,10 @@ protected:
 };
 
 TEST_F(EditMode, AnEditableGraphTakesTheInputOfItsNodesWhenEverTheyCome) {
-    bool shown = false;
     for (bool inside_keeps : {true, false}) {
         XtVaSetValues(graph, XmNallowGrandchildInput, inside_keeps, XmNeditable, True, nullptr);
         AddNodes();
-        if (!shown)
-            Show();
-        shown = true;
-        Pump();
+        Show();
         for (bool editable : {true, false, true}) {
             XtVaSetValues(graph, XmNeditable, editable, nullptr);
             for (Widget node : {button, board})
