@@ -176,16 +176,15 @@ private:
     void PlaceButterfly(size_t middle) {
         const Node &node = nodes[middle];
         const int left = Sum(node.parents), right = Sum(node.tree_children);
-        const int left_shift = right > left ? (right - left) / 2 : 0;
-        const int right_shift = right > left ? 0 : (left - right) / 2;
+        const int wider = std::max(left, right);
         int widest = 0;
         for (size_t parent : node.parents)
             widest = std::max(widest, nodes[parent].size.width);
         const int along = widest + 2 * child_spacing;
-        PutRow(node.parents, child_spacing, left_shift + sibling_spacing);
+        PutRow(node.parents, child_spacing, (wider - left) / 2 + sibling_spacing);
         PutRow(node.tree_children, Along(node) + child_spacing + along,
-               right_shift + sibling_spacing);
-        Put(middle, along, (std::max(left, right) + (horizontal ? child_spacing : 0)) / 2);
+               (wider - right) / 2 + sibling_spacing);
+        Put(middle, along, (wider + (horizontal ? child_spacing : 0)) / 2);
     }
     void PullToOrigin() {
         Place least;
@@ -210,10 +209,11 @@ protected:
     std::vector<Widget> arcs;
     Model model;
 
-    size_t AnyBelow(size_t count) {
-        return static_cast<size_t>(random.Between(0, static_cast<int>(count) - 1));
+    size_t Any(size_t first, size_t end) {
+        return static_cast<size_t>(
+            random.Between(static_cast<int>(first), static_cast<int>(end) - 1));
     }
-    size_t Any() { return 1 + AnyBelow(nodes.size() - 1); }
+    size_t Any() { return Any(1, nodes.size()); }
     void Start() {
         nodes = {nullptr};
         arcs.clear();
@@ -231,11 +231,11 @@ protected:
             AddArc();
     }
     void AddNode() {
-        const int border = std::max(0, random.Between(-3, 4));
-        model.nodes.push_back({.size = {random.Between(1, 90), random.Between(1, 70), border},
-                               .shown = random.Chance(0.9)});
-        nodes.push_back(
-            (model.nodes.back().shown ? Node : UnmanagedNode)(graph, model.nodes.back().size, {}));
+        const Extent size{random.Between(1, 90), random.Between(1, 70),
+                          std::max(0, random.Between(-3, 4))};
+        const bool shown = random.Chance(0.9);
+        model.nodes.push_back({.size = size, .shown = shown});
+        nodes.push_back((shown ? Node : UnmanagedNode)(graph, size, {}));
     }
     void AddArc() {
         const size_t from = Any();
@@ -246,7 +246,7 @@ protected:
     void RemoveArc() {
         if (arcs.empty())
             return;
-        const size_t index = AnyBelow(arcs.size());
+        const size_t index = Any(0, arcs.size());
         XtDestroyWidget(arcs[index]);
         arcs.erase(arcs.begin() + static_cast<long>(index));
         model.RemoveArc(index);
