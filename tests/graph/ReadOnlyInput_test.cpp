@@ -138,8 +138,7 @@ TEST_F(ReadOnlyInput, ButtonThreeTellsWhatItIsOver) {
     EXPECT_TRUE(clicks.empty());
 }
 
-// Where the focus goes and what is called, with the same children in any manager. A graph binds no
-// key that activates gadgets.
+// Where the focus goes and what is called. A graph binds no key that activates gadgets.
 class Traversal : public DisplayTest {
 protected:
     std::vector<std::string> Walk(WidgetClass manager_class) {

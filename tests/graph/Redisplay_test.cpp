@@ -95,13 +95,8 @@ TEST_F(Redisplay, ColoursReachTheGCsThatShowThem) {
     const XmGraphPart &part = PartOfGraph(graph);
     const Pixel red = Colour("red");
     const Pixel yellow = Colour("yellow");
-    const unsigned long old_xor = ColoursOf(part.xor_gc).foreground;
-    const GC mark_gc = part.overview_mark_gc;
-
-    XtVaSetValues(graph, XmNforeground, red, nullptr);
+    XtVaSetValues(graph, XmNforeground, red, XmNhighlightColor, red, nullptr);
     EXPECT_EQ(ColoursOf(part.gc).foreground, red);
-    EXPECT_EQ(ColoursOf(part.xor_gc).foreground, old_xor);
-    XtVaSetValues(graph, XmNhighlightColor, red, nullptr);
     EXPECT_EQ(ColoursOf(part.highlight_gc).foreground, red);
 
     XtVaSetValues(graph, XmNbackground, yellow, nullptr);
@@ -109,8 +104,6 @@ TEST_F(Redisplay, ColoursReachTheGCsThatShowThem) {
     for (GC gc : {part.gc, part.highlight_gc, PartOf(arc).gc})
         EXPECT_EQ(ColoursOf(gc).background, yellow);
     EXPECT_EQ(ColoursOf(part.xor_gc).foreground, red ^ yellow);
-    EXPECT_EQ(part.overview_mark_gc, mark_gc);
-    EXPECT_EQ(ColoursOf(mark_gc).background, White());
     EXPECT_EQ(Picture::Of(graph).At(180, 120), Black());
     _EraseArc(arc);
     EXPECT_EQ(Picture::Of(graph).At(180, 120), yellow);
