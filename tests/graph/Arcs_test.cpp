@@ -1,21 +1,21 @@
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 namespace {
 
 using namespace corvidlmw::test;
 
-class ArcsTest : public GraphLifeTest {
+class ArcsTest : public GraphTest {
 protected:
     Widget a = nullptr;
     Widget b = nullptr;
     Widget c = nullptr;
 
     void SetUp() override {
-        GraphLifeTest::SetUp();
+        GraphTest::SetUp();
         MakeGraph();
-        a = MakeNode("a", 20, 20);
-        b = MakeNode("b", 200, 20);
-        c = MakeNode("c", 200, 200);
+        a = MakeButton("a", 20, 20);
+        b = MakeButton("b", 200, 20);
+        c = MakeButton("c", 200, 200);
     }
 
     static void ExpectDetached(Widget arc) {
@@ -40,7 +40,7 @@ protected:
 using Ranks = std::vector<int>;
 
 TEST_F(ArcsTest, ParallelArcsInEitherDirectionShareOneListAndKeepItsRanks) {
-    const Widgets all = {MakeArc(a, b), MakeArc(b, a), MakeArc(a, b)};
+    const Widgets all = {Arc(a, b), Arc(b, a), Arc(a, b)};
     EXPECT_EQ(ArcsOf(graph), all);
     EXPECT_EQ(ValueOf(all[0], XmNmappedWhenManaged), False);
     EXPECT_EQ(NodesIn(NodeRecOf(a)->tree_children), Widgets{b});
@@ -56,7 +56,7 @@ TEST_F(ArcsTest, ParallelArcsInEitherDirectionShareOneListAndKeepItsRanks) {
 }
 
 TEST_F(ArcsTest, ADyingTwinCountsForNoRank) {
-    const Widgets all = {MakeArc(a, b), MakeArc(a, b), MakeArc(a, b)};
+    const Widgets all = {Arc(a, b), Arc(a, b), Arc(a, b)};
     Show();
     InDispatch([&] {
         XtDestroyWidget(all[0]);
@@ -80,7 +80,7 @@ TEST_F(ArcsTest, AnArcWithoutBothEndsIsDetached) {
 }
 
 TEST_F(ArcsTest, AnEndMovesAloneButNotToNothing) {
-    Widget arc = MakeArc(a, b);
+    Widget arc = Arc(a, b);
     XtVaSetValues(arc, XmNto, c, XmNforeground, Pixel{0x44}, nullptr);
     EXPECT_EQ(ArcPartOf(arc).from, a);
     EXPECT_EQ(NodesIn(NodeRecOf(a)->children), Widgets{c});
@@ -101,11 +101,11 @@ TEST_F(ArcsTest, EndsThatAreNoNodesOfThisGraphAttachNothing) {
     Widget other = XmCreateGraph(XtVaCreateWidget("box", xmGraphWidgetClass, graph, nullptr),
                                  Name("other"), nullptr, 0);
     Widget foreign = XtVaCreateWidget("node", xmPushButtonGadgetClass, other, nullptr);
-    Widget arc = MakeArc(a, b);
+    Widget arc = Arc(a, b);
     Widget popup = XtVaCreatePopupShell("popup", transientShellWidgetClass, graph, nullptr);
     for (Widget end : {foreign, graph, arc, shell, popup}) {
-        ExpectDetached(MakeArc(end, b));
-        ExpectDetached(MakeArc(a, end));
+        ExpectDetached(Arc(end, b));
+        ExpectDetached(Arc(a, end));
         XtVaSetValues(arc, XmNto, end, nullptr);
         EXPECT_EQ(ArcPartOf(arc).to, b);
     }

@@ -1,4 +1,4 @@
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 #include <Xm/Screen.h>
 
@@ -56,12 +56,12 @@ std::string Upper(std::string text) {
 using Refused = std::vector<std::pair<std::string, std::string>>; // each string and its type
 
 // Xt puts no words together for a program that root runs, so its messages are taken in parts.
-class ConvertersTest : public GraphLifeTest {
+class ConvertersTest : public GraphTest {
 protected:
     static inline Refused refused;
 
     void SetUp() override {
-        GraphLifeTest::SetUp();
+        GraphTest::SetUp();
         refused.clear();
         old_handler = XtAppSetWarningMsgHandler(
             app, [](String name, String, String, String, String *params, Cardinal *count) {
@@ -72,7 +72,7 @@ protected:
     }
     void TearDown() override {
         XtAppSetWarningMsgHandler(app, old_handler);
-        GraphLifeTest::TearDown();
+        GraphTest::TearDown();
     }
     XtErrorMsgHandler old_handler = nullptr;
 };

@@ -1,4 +1,4 @@
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 #include <X11/StringDefs.h>
 #include <Xm/PushB.h>
@@ -15,7 +15,7 @@ namespace {
 
 using namespace corvidlmw::test;
 
-class DeathTest : public GraphLifeTest {
+class DeathTest : public GraphTest {
 protected:
     Widget a = nullptr;
     Widget b = nullptr;
@@ -60,10 +60,10 @@ protected:
     }
 
     void Populate() {
-        a = MakeNode("a", 20, 20);
-        b = MakeNode("b", 200, 20);
-        c = MakeNode("c", 200, 200);
-        arcs = {MakeArc(a, b), MakeArc(a, b), MakeArc(b, a), MakeArc(a, a), MakeArc(b, c)};
+        a = MakeButton("a", 20, 20);
+        b = MakeButton("b", 200, 20);
+        c = MakeButton("c", 200, 200);
+        arcs = {Arc(a, b), Arc(a, b), Arc(b, a), Arc(a, a), Arc(b, c)};
         for (Widget widget : {graph, a, b, c})
             Watch(widget);
         for (Widget arc : arcs)
@@ -86,9 +86,9 @@ protected:
         ExpectConsistent(graph);
         Widgets fresh;
         for (int i = 0; i < 12; i++)
-            fresh.push_back(MakeNode("fresh"));
+            fresh.push_back(MakeButton("fresh"));
         for (size_t i = 0; i < fresh.size(); i++)
-            MakeArc(fresh[i], fresh[i * 5 % 7]);
+            Arc(fresh[i], fresh[i * 5 % 7]);
         XmGraphLayout(graph);
         Pump();
         ExpectConsistent(graph);
@@ -186,7 +186,7 @@ TEST_P(DeathOrderTest, AllArcsOrAllNodesMayGoAtOnce) {
     EXPECT_TRUE(ArcsOf(graph).empty());
     ExpectDead(arcs);
     ExpectConsistent(graph);
-    MakeArc(a, b);
+    Arc(a, b);
     Do([&] { XmGraphDestroyAllNodes(graph); });
     RunWorkProcs();
     EXPECT_TRUE(NodesOf(graph).empty() && ArcsOf(graph).empty());
@@ -260,8 +260,8 @@ TEST_F(DeathTest, AButtonMayDestroyItselfWhenActivated) {
         Populate();
         Widget button =
             XtVaCreateManagedWidget("ok", node_class, graph, XmNx, 20, XmNy, 200, nullptr);
-        MakeArc(button, a);
-        MakeArc(b, button);
+        Arc(button, a);
+        Arc(b, button);
         Watch(button);
         On(button, XmNactivateCallback, [&] { XtDestroyWidget(button); });
         Show();
@@ -284,7 +284,7 @@ TEST_F(DeathTest, ANodeMayDieInAnyGraphChangedCallback) {
     const std::function<void()> entries[] = {
         [&] { XmGraphLayout(graph); },
         [&] { XtUnmanageChild(a); },
-        [&] { XtManageChild(MakeNode("d")); },
+        [&] { XtManageChild(MakeButton("d")); },
         [&] { XtDestroyWidget(arcs[0]); },
         [&] { XtDestroyWidget(a); },
         [&] { XmGraphRelaySubgraph(graph, a); },
@@ -322,8 +322,7 @@ TEST_F(DeathTest, AGraphMayDieInItsOwnCallbackOutsideOfADispatch) {
         },
     };
     for (const auto &enter : entries) {
-        graph = XtVaCreateManagedWidget("graph", xmGraphWidgetClass, shell, XmNautoLayoutMode,
-                                        XmPARTIAL, nullptr);
+        MakeGraph(XmNautoLayoutMode, XmPARTIAL);
         Populate();
         XmGraphMoveNode(graph, c, 1000, 900);
         Show();
@@ -348,7 +347,7 @@ TEST_F(DeathTest, AClientsScrolledWindowForgetsItsGraph) {
     for (int round = 0; round < 3; round++) {
         graph = XmCreateManagedGraph(window, Name("graph"), nullptr, 0);
         Populate();
-        MakeNode("far", 2000, 2000);
+        MakeButton("far", 2000, 2000);
         XmGraphAdjustSize(graph);
         CallbackLog<> log;
         log.Add(graph, XmNgraphChangedCallback);
@@ -402,7 +401,7 @@ TEST_F(DeathTest, NeitherAWaitingArcNorOneToADyingNodeIsAttached) {
     Populate();
     Show();
     Widget late = nullptr;
-    OnDeath(a, [&] { late = MakeArc(a, c); });
+    OnDeath(a, [&] { late = Arc(a, c); });
     XtDestroyWidget(a);
     ASSERT_TRUE(late);
     EXPECT_FALSE(ArcPartOf(late).from || ArcPartOf(late).to);
@@ -449,8 +448,7 @@ TEST_F(DeathTest, AnInsertPositionProcedureMaySayAnything) {
     XtOrderProc wild = [](Widget) { return wild_position; };
     for (Cardinal position : {0U, 1U, 2U, 77U, UINT_MAX}) {
         wild_position = position;
-        graph = XtVaCreateManagedWidget("graph", xmGraphWidgetClass, shell, XmNinsertPosition, wild,
-                                        nullptr);
+        MakeGraph(XmNinsertPosition, wild);
         Populate();
         EXPECT_EQ(GraphPartOf(graph).root, NodeRecOf(CompositeOf(graph).children[0]));
         const Widgets expected = position < 2    ? Widgets{c, b, a}

@@ -1,15 +1,14 @@
 /* What arcs paint, erase and paint again. */
 
-#include <tests/graph/DrawnGraph.h>
+#include <tests/graph/GraphTest.h>
 
 #include <Xm/PushBG.h>
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
 
-namespace corvidlmw::graph {
+namespace corvidlmw::test {
 namespace {
 
-using namespace test;
 using Numbers = std::vector<long>;
 
 constexpr XRectangle left_place = {50, 100, 60, 40};
@@ -94,7 +93,7 @@ TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
     Uncover({244, 117, 2, 2});
     EXPECT_FALSE(ByArcs(recorder).empty()) << "the head is wider than the line";
     XtVaSetValues(arc, XmNmapLabel, True, nullptr);
-    const XmArcPart &part = PartOf(arc);
+    const XmArcPart &part = ArcPartOf(arc);
     EXPECT_EQ(Of(Repaint(), "_XmStringDraw"),
               (std::vector<Numbers>{
                   {180, 120 - part.label_height, part.label_width, XmALIGNMENT_CENTER, 0}}));
@@ -157,8 +156,8 @@ TEST_F(ArcDrawing, FourLoopsStandOnFourSidesAndTheFifthOnTheFirst) {
                                                            {65, 120, 30, 60, 1920, -15360},
                                                            {86, 80, 60, 80, 9600, -19200},
                                                            above}));
-    const int width = PartOf(loop).label_width;
-    const int height = PartOf(loop).label_height;
+    const int width = ArcPartOf(loop).label_width;
+    const int height = ArcPartOf(loop).label_height;
     const XPoint at[] = {{80, 60}, {14, 120}, {80, 180}, {146, 120}};
     std::vector<Numbers> labels;
     for (int rank = 0; rank < 4; rank++)
@@ -178,10 +177,10 @@ TEST_F(ArcDrawing, LineAttributesReachTheGCs) {
         EXPECT_EQ(values.foreground, colour);
     };
     // A new arc takes CapNotLast for CapButt.
-    expect(PartOf(arc).clear_gc, 5, LineOnOffDash, CapButt, White());
-    expect(PartOf(arc).gc, 5, LineOnOffDash, CapButt, Colour("red"));
+    expect(ArcPartOf(arc).clear_gc, 5, LineOnOffDash, CapButt, White());
+    expect(ArcPartOf(arc).gc, 5, LineOnOffDash, CapButt, Colour("red"));
     XtVaSetValues(arc, XmNarcWidth, 0, XmNcapStyle, CapRound, nullptr);
-    expect(PartOf(arc).gc, 0, LineOnOffDash, CapRound, Colour("red"));
+    expect(ArcPartOf(arc).gc, 0, LineOnOffDash, CapRound, Colour("red"));
 }
 
 TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
@@ -189,12 +188,12 @@ TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
     Widget arc = Arc(left, right, XmNarcDirection, XmDIRECTED, XmNmapLabel, True);
     Widget other = Arc(right, left);
     Show();
-    ASSERT_EQ(PartOf(arc).gc, PartOf(other).gc);
+    ASSERT_EQ(ArcPartOf(arc).gc, ArcPartOf(other).gc);
     _XmHighlightArc(arc);
     const XRectangle exposed = {120, 60, 100, 100};
     Recorder recorder;
     Uncover(exposed);
-    XDrawLine(display, XtWindow(graph), PartOf(arc).gc, 0, 400, 600, 400);
+    XDrawLine(display, XtWindow(graph), ArcPartOf(arc).gc, 0, 400, 600, 400);
     const auto calls = ByArcs(recorder);
     ASSERT_EQ(calls.size(), 5u);
     for (size_t i = 0; i < 3; i++)
@@ -352,9 +351,9 @@ TEST_F(ArcDrawing, ACrossingArcOutOfViewStaysAwayUntilItIsAskedFor) {
     EXPECT_GT(Picture::Of(XtParent(graph)).Count(Black()), 100);
 
     XtVaSetValues(graph, XmNshowCrossingArcs, False, nullptr);
-    EXPECT_FALSE(PartOf(arc).drawn);
+    EXPECT_FALSE(ArcPartOf(arc).drawn);
     EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
 }
 
 } // namespace
-} // namespace corvidlmw::graph
+} // namespace corvidlmw::test

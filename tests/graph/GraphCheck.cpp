@@ -1,4 +1,4 @@
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 #include <algorithm>
 #include <set>

@@ -1,8 +1,6 @@
 // Random graphs, changed and laid out several times in a row, against a second computation; and one
 // of very many nodes.
-#include <tests/graph/PlacedNodes.h>
-
-#include <corvidlmw/graph/GraphP.h>
+#include <tests/graph/GraphTest.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -197,14 +195,9 @@ private:
 
 // ---- Graph and model, changed alike ----------------------------------------------------------------
 
-NodePtr RecordOf(Widget node) {
-    return reinterpret_cast<XmGraphConstraintPtr>(node->core.constraints)->graph.node;
-}
-
-class LayoutRandomTest : public DisplayTest {
+class LayoutRandomTest : public GraphTest {
 protected:
     Random random;
-    Widget graph = nullptr;
     std::vector<Widget> nodes; // by the model's numbers; node 0 is NULL
     std::vector<Widget> arcs;
     Model model;
@@ -222,9 +215,9 @@ protected:
         model.butterfly = random.Chance(0.25);
         model.child_spacing = random.Between(0, 50);
         model.sibling_spacing = random.Between(0, 50);
-        graph = MakeGraph(shell, XmNorientation, model.horizontal ? XmHORIZONTAL : XmVERTICAL,
-                          XmNlayoutStyle, model.butterfly ? XmBUTTERFLY : XmGRAPH, XmNchildSpacing,
-                          model.child_spacing, XmNsiblingSpacing, model.sibling_spacing);
+        MakeGraph(XmNorientation, model.horizontal ? XmHORIZONTAL : XmVERTICAL, XmNlayoutStyle,
+                  model.butterfly ? XmBUTTERFLY : XmGRAPH, XmNchildSpacing, model.child_spacing,
+                  XmNsiblingSpacing, model.sibling_spacing);
         for (int count = random.Between(1, 20); count > 0; --count)
             AddNode();
         for (int count = random.Between(0, 30); count > 0; --count)
@@ -235,12 +228,12 @@ protected:
                           std::max(0, random.Between(-3, 4))};
         const bool shown = random.Chance(0.9);
         model.nodes.push_back({.size = size, .shown = shown});
-        nodes.push_back((shown ? Node : UnmanagedNode)(graph, size, {}));
+        nodes.push_back(Node(size, {}, shown));
     }
     void AddArc() {
         const size_t from = Any();
         const size_t to = random.Chance(0.05) ? from : Any();
-        arcs.push_back(Arc(graph, nodes[from], nodes[to]));
+        arcs.push_back(UnmanagedArc(nodes[from], nodes[to]));
         model.AddArc(from, to);
     }
     void RemoveArc() {
@@ -287,7 +280,7 @@ protected:
     }
     void Compare() {
         for (size_t i = 1; i < nodes.size(); ++i) {
-            NodePtr record = RecordOf(nodes[i]);
+            NodePtr record = NodeRecOf(nodes[i]);
             const Model::Node &expected = model.nodes[i];
             List tree_children;
             for (int k = 0; k < record->tree_children.count; ++k)
@@ -320,12 +313,12 @@ TEST_F(LayoutRandomTest, AChainMayBeAsLongAsMemoryAllows) {
 #else
     constexpr int length = 100000;
 #endif
-    graph = MakeGraph(shell, XmNchildSpacing, 5);
+    MakeGraph(XmNchildSpacing, 5);
     for (int i = 0; i < length; ++i) {
         nodes.push_back(XtVaCreateWidget("node", rectObjClass, graph, XtNwidth, 10, XtNheight, 11,
                                          XtNborderWidth, 0, nullptr));
         if (i > 0)
-            Arc(graph, nodes[nodes.size() - 2], nodes.back());
+            UnmanagedArc(nodes[nodes.size() - 2], nodes.back());
     }
     XtManageChildren(nodes.data(), length);
     XmGraphLayout(graph);
@@ -333,9 +326,9 @@ TEST_F(LayoutRandomTest, AChainMayBeAsLongAsMemoryAllows) {
         const int x = std::max<int>(static_cast<int16_t>(40 + 15 * i), 0);
         ASSERT_EQ(PlaceOf(nodes[static_cast<size_t>(i)]), (Place{x, 40})) << i;
     }
-    EXPECT_EQ(RecordOf(nodes.back())->depth, length);
+    EXPECT_EQ(NodeRecOf(nodes.back())->depth, length);
     XmGraphRelaySubgraph(graph, nodes.front());
-    EXPECT_EQ(RecordOf(nodes.back())->depth, length - 1);
+    EXPECT_EQ(NodeRecOf(nodes.back())->depth, length - 1);
     EXPECT_EQ(PlaceOf(nodes[1]), (Place{55, 40}));
 }
 

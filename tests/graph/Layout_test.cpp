@@ -1,14 +1,12 @@
 // Layouts worked out by hand: which nodes are roots, who stands below whom, and where.
-#include <corvidlmw/graph/ArcP.h>
-#include <corvidlmw/graph/GraphP.h>
-#include <tests/graph/PlacedNodes.h>
+#include <tests/graph/GraphTest.h>
 
 #include <climits>
 
 namespace corvidlmw::test {
 namespace {
 
-class LayoutTest : public DisplayTest {};
+class LayoutTest : public GraphTest {};
 
 // ---- Trees --------------------------------------------------------------------------------------
 
@@ -53,13 +51,12 @@ const TreeExample tree_examples[] = {
 TEST_F(LayoutTest, PlacesTrees) {
     for (const TreeExample &example : tree_examples) {
         SCOPED_TRACE(example.what);
-        Widget graph = MakeGraph(shell, XmNorientation, example.orientation, XmNsiblingSpacing,
-                                 example.sibling_spacing);
+        MakeGraph(XmNorientation, example.orientation, XmNsiblingSpacing, example.sibling_spacing);
         std::vector<Widget> nodes;
         for (const Extent &size : example.sizes)
-            nodes.push_back(Node(graph, size));
+            nodes.push_back(Node(size));
         for (auto [from, to] : example.arcs)
-            Arc(graph, nodes[from], nodes[to]);
+            UnmanagedArc(nodes[from], nodes[to]);
         XmGraphLayout(graph);
         EXPECT_EQ(PlacesOf(nodes), example.places);
         XtDestroyWidget(graph);
@@ -67,27 +64,27 @@ TEST_F(LayoutTest, PlacesTrees) {
 }
 
 TEST_F(LayoutTest, TakesNeitherTheHiddenRootNorTheDyingForANode) {
-    Widget graph = MakeGraph(shell, XmNlayoutStyle, XmBUTTERFLY);
-    Widget a = Node(graph), dummy = XtNameToWidget(graph, "dummy");
-    Widget arc = Arc(graph, a, dummy);
-    EXPECT_FALSE(reinterpret_cast<XmArcWidget>(arc)->arc.to);
+    MakeGraph(XmNlayoutStyle, XmBUTTERFLY);
+    Widget a = Node(), dummy = XtNameToWidget(graph, "dummy");
+    Widget arc = UnmanagedArc(a, dummy);
+    EXPECT_FALSE(ArcPartOf(arc).to);
     XmGraphInsertRoots(graph, &dummy, 1);
     EXPECT_EQ(XmGraphNumRoots(graph), 0);
     auto center = [](Widget w, XtPointer, XtPointer) { XmGraphSetButterflyRoot(XtParent(w), w); };
     XtAddCallback(a, XmNdestroyCallback, center, nullptr);
     XtDestroyWidget(a);
-    EXPECT_FALSE(reinterpret_cast<XmGraphWidget>(graph)->graph.butterfly_root);
+    EXPECT_FALSE(GraphPartOf(graph).butterfly_root);
     XtDestroyWidget(graph);
 }
 
 // ---- Butterflies ---------------------------------------------------------------------------------
 
 TEST_F(LayoutTest, PlacesAButterflyWithItsParentsAndItsChildrenOnly) {
-    Widget graph = MakeGraph(shell, XmNlayoutStyle, XmBUTTERFLY);
-    Widget p = Node(graph, {40, 20}), q = Node(graph, {80, 30}), n = Node(graph);
-    Widget child = Node(graph, {50, 40}), stranger = Node(graph, {}, {3, 4});
+    MakeGraph(XmNlayoutStyle, XmBUTTERFLY);
+    Widget p = Node({40, 20}), q = Node({80, 30}), n = Node();
+    Widget child = Node({50, 40}), stranger = Node({}, {3, 4});
     for (auto [from, to] : {std::pair{p, n}, {q, n}, {n, child}, {child, stranger}})
-        Arc(graph, from, to);
+        UnmanagedArc(from, to);
     XmGraphLayout(graph);
     EXPECT_EQ(PlacesOf({p, q, n, child, stranger}), (Places{{}, {}, {}, {}, {3, 4}}));
     XmGraphSetButterflyRoot(graph, n);
@@ -96,8 +93,8 @@ TEST_F(LayoutTest, PlacesAButterflyWithItsParentsAndItsChildrenOnly) {
               (Places{{40, 30}, {40, 80}, {160, 60}, {260, 50}, {3, 4}}));
 
     // The parent of a root is the hidden root, 60 by 30.
-    Widget top = Node(graph, {60, 31}), below = Node(graph, {50, 50});
-    Arc(graph, top, below);
+    Widget top = Node({60, 31}), below = Node({50, 50});
+    UnmanagedArc(top, below);
     XmGraphSetButterflyRoot(graph, top);
     XmGraphLayout(graph);
     EXPECT_EQ(PlacesOf({top, below}), (Places{{140, 45}, {240, 30}}));
@@ -106,11 +103,11 @@ TEST_F(LayoutTest, PlacesAButterflyWithItsParentsAndItsChildrenOnly) {
 // ---- One subgraph --------------------------------------------------------------------------------
 
 TEST_F(LayoutTest, ARelaidNodeKeepsItsPlaceAndItsSubtreeHangsFromIt) {
-    Widget graph = MakeGraph(shell);
-    Widget a = Node(graph, {}, {200, 150}), b = Node(graph), c = Node(graph, {60, 30, 2});
-    Widget parent = Node(graph, {}, {11, 12});
+    MakeGraph();
+    Widget a = Node({}, {200, 150}), b = Node(), c = Node({60, 30, 2});
+    Widget parent = Node({}, {11, 12});
     for (auto [from, to] : {std::pair{a, b}, {a, b}, {a, c}, {a, a}, {b, a}, {parent, a}})
-        Arc(graph, from, to);
+        UnmanagedArc(from, to);
     GraphLog log;
     log.Add(graph, XmNgraphChangedCallback);
     for (Widget top : {a, c, Widget{}, shell})
@@ -121,11 +118,11 @@ TEST_F(LayoutTest, ARelaidNodeKeepsItsPlaceAndItsSubtreeHangsFromIt) {
 }
 
 TEST_F(LayoutTest, NodesMayBePlainRectangles) {
-    Widget graph = MakeGraph(shell);
+    MakeGraph();
     Arg sizes[] = {{Name(XtNwidth), 60}, {Name(XtNheight), 30}, {Name(XtNborderWidth), 0}};
     Widget a = XtCreateManagedWidget("a", rectObjClass, graph, sizes, XtNumber(sizes));
     Widget b = XtCreateManagedWidget("b", rectObjClass, graph, sizes, XtNumber(sizes));
-    Arc(graph, a, b);
+    UnmanagedArc(a, b);
     Show();
     XmGraphLayout(graph);
     EXPECT_EQ(PlacesOf({a, b}), (Places{{40, 40}, {140, 40}}));
@@ -142,16 +139,16 @@ void CountLayout(Widget) {
 TEST_F(LayoutTest, TheModeSaysWhichChangesLayOut) {
     for (int mode : {XmNEVER, XmALWAYS, XmARCS_ONLY, XmNODES_ONLY, XmPARTIAL}) {
         SCOPED_TRACE(mode);
-        Widget graph = MakeGraph(shell, XmNautoLayoutMode, mode, XmNlayoutProc, CountLayout);
+        MakeGraph(XmNautoLayoutMode, mode, XmNlayoutProc, CountLayout);
         Show(); // without a window the toolkit does not tell the graph of its children
         layouts = 0;
         XmGraphLayout(graph);
         EXPECT_EQ(layouts, 0) << "without nodes";
-        Widget a = Node(graph, {}, {100, 100}), b = Node(graph, {}, {1, 2});
-        Widget c = UnmanagedNode(graph);
+        Widget a = Node({}, {100, 100}), b = Node({}, {1, 2});
+        Widget c = Node({}, {}, false);
         EXPECT_EQ(layouts, mode == XmALWAYS ? 2 : 0);
         layouts = 0;
-        EXPECT_TRUE(XmGraphMoveArc(graph, Arc(graph, a, c), a, b));
+        EXPECT_TRUE(XmGraphMoveArc(graph, UnmanagedArc(a, c), a, b));
         const bool relaid = mode == XmALWAYS || mode == XmARCS_ONLY || mode == XmPARTIAL;
         EXPECT_EQ(PlaceOf(b), relaid ? (Place{200, 100}) : (Place{1, 2}));
         XtVaSetValues(graph, XmNautoLayoutMode, XmNEVER, nullptr);
@@ -163,8 +160,8 @@ TEST_F(LayoutTest, TheModeSaysWhichChangesLayOut) {
 }
 
 TEST_F(LayoutTest, ALayoutIsToldOnceAndMayBeAskedForAgainFromThere) {
-    Widget graph = MakeGraph(shell, XtNwidth, 120, XtNheight, 90);
-    Widget node = Node(graph);
+    MakeGraph(XtNwidth, 120, XtNheight, 90);
+    Widget node = Node();
     GraphLog log;
     log.Add(graph, XmNgraphChangedCallback);
     XmGraphLayout(graph);

@@ -1,10 +1,10 @@
 /* Which arc is under the pointer. */
 
-#include <tests/graph/DrawnGraph.h>
+#include <tests/graph/GraphTest.h>
 
 #include <memory>
 
-namespace corvidlmw::graph {
+namespace corvidlmw::test {
 namespace {
 
 using OwnedRegion = std::unique_ptr<std::remove_pointer_t<Region>, decltype(&XDestroyRegion)>;
@@ -40,7 +40,7 @@ TEST_F(Picking, ALoopIsFoundInItsBoxAndALabelInItsRectangle) {
     EXPECT_EQ(At(80, 70), loop);
     EXPECT_EQ(At(130, 70), nullptr);
     EXPECT_EQ(At(80 + 65536, 70), nullptr);
-    const XmArcPart &part = PartOf(line);
+    const XmArcPart &part = ArcPartOf(line);
     const int x = 180 + part.label_width / 2;
     const int y = 120 - part.label_height;
     EXPECT_EQ(At(x, y), nullptr);
@@ -52,9 +52,9 @@ TEST_F(Picking, ALoopIsFoundInItsBoxAndALabelInItsRectangle) {
     XtVaSetValues(line, XmNmapLabel, False, nullptr);
     const OwnedRegion region(XmArcGetRegion(line), XDestroyRegion);
     EXPECT_TRUE(XEqualRegion(region.get(), expected.get()));
-    Widget detached = XmCreateArc(graph, test::Name("arc"), nullptr, 0);
+    Widget detached = XmCreateArc(graph, Name("arc"), nullptr, 0);
     EXPECT_EQ(XmArcGetRegion(detached), nullptr);
 }
 
 } // namespace
-} // namespace corvidlmw::graph
+} // namespace corvidlmw::test

@@ -1,6 +1,6 @@
 // A random life of a graph beside a plain model of what its lists must hold.
 
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 #include <Xm/PushB.h>
 
@@ -89,7 +89,7 @@ struct Model {
     }
 };
 
-class RandomLifeTest : public GraphLifeTest {
+class RandomLifeTest : public GraphTest {
 protected:
     Model model;
 
@@ -210,8 +210,7 @@ protected:
 TEST_F(RandomLifeTest, AllListsAgreeWithAPlainModelAtEachStep) {
     for (uint64_t seed = 1; seed <= 12; seed++) {
         Random random(seed);
-        graph = XtVaCreateManagedWidget("graph", xmGraphWidgetClass, shell, XmNautoLayoutMode,
-                                        random.Between(XmNEVER, XmPARTIAL), nullptr);
+        MakeGraph(XmNautoLayoutMode, random.Between(XmNEVER, XmPARTIAL));
         model = {};
         if (seed % 2)
             Show();

@@ -1,16 +1,14 @@
 /* A read-only graph hands input to its nodes and arcs, as the toolkit's own managers do. */
 
-#include <tests/graph/DrawnGraph.h>
+#include <tests/graph/GraphTest.h>
 
 #include <X11/keysym.h>
 #include <Xm/BulletinB.h>
 #include <Xm/PushB.h>
 #include <Xm/PushBG.h>
 
-namespace corvidlmw::graph {
+namespace corvidlmw::test {
 namespace {
-
-using namespace test;
 
 class ReadOnlyInput : public DrawnGraph {
 protected:
@@ -54,10 +52,10 @@ TEST_F(ReadOnlyInput, AGadgetIsActivatedByAClickUnlessTheGraphIsEditable) {
 TEST_F(ReadOnlyInput, AnArcIsArmedBetweenPressAndRelease) {
     Widget crossing = Arc(Node({170, 20, 20, 20}), Node({170, 200, 20, 20}));
     Show();
-    const XmGraphPart &part = PartOfGraph(graph);
+    const XmGraphPart &part = GraphPartOf(graph);
     MoveTo(graph, 140, 120);
     Press();
-    EXPECT_TRUE(PartOf(arc).armed);
+    EXPECT_TRUE(ArcPartOf(arc).armed);
     MoveTo(graph, 145, 121);
     EXPECT_EQ(part.armed_gadget, arc);
     MoveTo(graph, 180, 60);
@@ -66,19 +64,19 @@ TEST_F(ReadOnlyInput, AnArcIsArmedBetweenPressAndRelease) {
     EXPECT_EQ(part.armed_gadget, nullptr);
     Recorder recorder;
     Release();
-    EXPECT_FALSE(PartOf(arc).armed);
+    EXPECT_FALSE(ArcPartOf(arc).armed);
     EXPECT_EQ(ByArcs(recorder).size(), 2u);
-    EXPECT_FALSE(PartOf(crossing).armed);
+    EXPECT_FALSE(ArcPartOf(crossing).armed);
 
     XtVaSetValues(arc, XmNsensitive, False, nullptr);
     MoveTo(graph, 140, 120);
     Press();
-    EXPECT_FALSE(PartOf(arc).armed);
+    EXPECT_FALSE(ArcPartOf(arc).armed);
     Release();
     XtVaSetValues(arc, XmNsensitive, True, nullptr);
     XtVaSetValues(graph, XmNeditable, True, nullptr);
     Press();
-    EXPECT_FALSE(PartOf(arc).armed);
+    EXPECT_FALSE(ArcPartOf(arc).armed);
 }
 
 TEST_F(ReadOnlyInput, WhatDiesWhileItIsPressedIsForgotten) {
@@ -109,7 +107,7 @@ TEST_F(ReadOnlyInput, WhatDiesWhileItIsPressedIsForgotten) {
 
 TEST_F(ReadOnlyInput, ButtonThreeTellsWhatItIsOver) {
     Widget plain = Node({50, 300, 60, 40}, widgetClass, "plain");
-    CallbackLog<XmGraphCallbackStruct> log;
+    GraphLog log;
     log.Add(graph, XmNuserButtonCallback);
     log.OnEach([&](const auto &entry) {
         EXPECT_EQ(entry.data.event->xbutton.button, Button3);
@@ -187,4 +185,4 @@ TEST_F(Traversal, KeysReachNodesAsTheyReachTheChildrenOfABoard) {
 }
 
 } // namespace
-} // namespace corvidlmw::graph
+} // namespace corvidlmw::test

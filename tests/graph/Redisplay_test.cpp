@@ -1,15 +1,13 @@
 /* What a resource change sets in motion, and the input that an editable graph takes from its nodes. */
 
-#include <tests/graph/DrawnGraph.h>
+#include <tests/graph/GraphTest.h>
 
 #include <Xm/BulletinB.h>
 #include <Xm/PushB.h>
 #include <Xm/PushBG.h>
 
-namespace corvidlmw::graph {
+namespace corvidlmw::test {
 namespace {
-
-using namespace test;
 
 constexpr long hidden_events =
     KeyPressMask | KeyReleaseMask | ButtonPressMask | ButtonReleaseMask | ButtonMotionMask;
@@ -25,13 +23,6 @@ protected:
         left = Node({50, 100, 60, 40});
         right = Node({250, 100, 60, 40});
         arc = Arc(left, right);
-    }
-
-    template <typename Value>
-    Value Get(const char *name) {
-        Value value{};
-        XtVaGetValues(graph, name, &value, nullptr);
-        return value;
     }
 
     XGCValues ColoursOf(GC gc) {
@@ -68,7 +59,7 @@ TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
         {XmNbackground, static_cast<XtArgVal>(Colour("yellow")), 0, 1},
         {XmNshowCrossingArcs, False, 0, 0},
         {XmNeditable, True, 0, 0},
-        {XmNptrCursor, static_cast<XtArgVal>(Get<Cursor>(XmNmotionCursor)), 0, 0},
+        {XmNptrCursor, ValueOf(graph, XmNmotionCursor), 0, 0},
     };
     Recorder cursors;
     for (const auto &change : changes) {
@@ -80,9 +71,9 @@ TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
             << change.name << ' ' << change.value;
     }
     EXPECT_EQ(cursors.Calls("XDefineCursor", XtWindow(graph)).size(), 1u);
-    EXPECT_FALSE(Get<Boolean>(XmNreLayout));
-    EXPECT_FALSE(Get<Boolean>(XmNreorient));
-    EXPECT_EQ(Get<unsigned char>(XmNorientation), XmHORIZONTAL) << "turned back";
+    EXPECT_FALSE(ValueOf(graph, XmNreLayout));
+    EXPECT_FALSE(ValueOf(graph, XmNreorient));
+    EXPECT_EQ(ValueOf(graph, XmNorientation), XmHORIZONTAL) << "turned back";
 
     layouts = 0;
     XmGraphSetButterflyRoot(graph, left);
@@ -92,7 +83,7 @@ TEST_F(Redisplay, EachResourceLaysOutOrRepaintsAsItShould) {
 
 TEST_F(Redisplay, ColoursReachTheGCsThatShowThem) {
     Show();
-    const XmGraphPart &part = PartOfGraph(graph);
+    const XmGraphPart &part = GraphPartOf(graph);
     const Pixel red = Colour("red");
     const Pixel yellow = Colour("yellow");
     XtVaSetValues(graph, XmNforeground, red, XmNhighlightColor, red, nullptr);
@@ -101,7 +92,7 @@ TEST_F(Redisplay, ColoursReachTheGCsThatShowThem) {
 
     XtVaSetValues(graph, XmNbackground, yellow, nullptr);
     Pump();
-    for (GC gc : {part.gc, part.highlight_gc, PartOf(arc).gc})
+    for (GC gc : {part.gc, part.highlight_gc, ArcPartOf(arc).gc})
         EXPECT_EQ(ColoursOf(gc).background, yellow);
     EXPECT_EQ(ColoursOf(part.xor_gc).foreground, red ^ yellow);
     EXPECT_EQ(Picture::Of(graph).At(180, 120), Black());
@@ -148,8 +139,8 @@ TEST_F(Redisplay, ManagingAnArcDoesNotRealiseIt) {
 
     Widget node = XtVaCreateWidget("node", xmPushButtonWidgetClass, graph, nullptr);
     Widget other = XtVaCreateWidget("other", xmPushButtonWidgetClass, graph, nullptr);
-    Widget first = XmCreateAttachedArc(graph, Name("first"), node, other, nullptr, 0);
-    Widget second = XmCreateAttachedArc(graph, Name("second"), other, left, nullptr, 0);
+    Widget first = UnmanagedArc(node, other);
+    Widget second = UnmanagedArc(other, left);
     Widget mixed[] = {first, node, second, other};
     for (int i = 0; i < 2; i++) {
         XtManageChildren(mixed, XtNumber(mixed));
@@ -274,4 +265,4 @@ TEST_F(EditMode, AModeThatAWindowHasIsNotAppliedAgain) {
 }
 
 } // namespace
-} // namespace corvidlmw::graph
+} // namespace corvidlmw::test

@@ -1,4 +1,4 @@
-#include <tests/graph/GraphLife.h>
+#include <tests/graph/GraphTest.h>
 
 #include <X11/StringDefs.h>
 #include <Xm/PushB.h>
@@ -99,7 +99,7 @@ const Row arc_rows[] = {
 const char *const arc_callbacks[] = {"armCallback", "disarmCallback", "activateCallback"};
 // clang-format on
 
-class ResourcesTest : public GraphLifeTest {
+class ResourcesTest : public GraphTest {
 protected:
     static std::map<std::string, XtResource> Declared(WidgetClass widget_class) {
         XtInitializeWidgetClass(widget_class);
@@ -185,8 +185,8 @@ TEST_F(ResourcesTest, HighlightColorReachesTheGraphItself) {
 
 TEST_F(ResourcesTest, AMarkIsNoneAtFirstAndItsChangeIsTold) {
     MakeGraph();
-    Widget node = MakeNode("a");
-    CallbackLog<XmGraphCallbackStruct> log;
+    Widget node = MakeButton("a");
+    GraphLog log;
     log.Add(graph, XmNgraphChangedCallback);
     EXPECT_EQ(static_cast<int>(ValueOf(node, XmNmarkColor)), -1);
 
@@ -216,7 +216,7 @@ TEST_F(ResourcesTest, AnArcCopiesItsLabelAndWithoutOneShowsItsName) {
     MakeGraph();
     XmString given = XmStringCreateLocalized(Name("a rather long label"));
     Widget arc = XtVaCreateManagedWidget("edge", xmArcWidgetClass, graph, XmNlabelString, given,
-                                         XmNto, MakeNode("b"), XmNfrom, MakeNode("a"), nullptr);
+                                         XmNto, MakeButton("b"), XmNfrom, MakeButton("a"), nullptr);
     XmStringFree(given);
     EXPECT_EQ(LabelOf(arc), "a rather long label");
     const Dimension long_width = ArcPartOf(arc).label_width;
@@ -228,7 +228,7 @@ TEST_F(ResourcesTest, AnArcCopiesItsLabelAndWithoutOneShowsItsName) {
 
 TEST_F(ResourcesTest, AnArcCopiesItsFontsAndMeasuresItsLabelInThem) {
     MakeGraph();
-    Widget arc = MakeArc(MakeNode("a"), MakeNode("b"));
+    Widget arc = Arc(MakeButton("a"), MakeButton("b"));
     XFontStruct *font = XLoadQueryFont(display, "6x13");
     ASSERT_TRUE(font);
     XmFontList fonts = XmFontListCreate(font, Name(XmFONTLIST_DEFAULT_TAG));
@@ -248,7 +248,7 @@ TEST_F(ResourcesTest, AnArcKeepsItsLookInTwoGCs) {
     MakeGraph();
     Widget arc = XtVaCreateWidget("arc", xmArcWidgetClass, graph, XmNforeground, Pixel{0x33},
                                   XmNarcWidth, 3, XmNstyle, LineOnOffDash, XmNdashOffset, 2, XmNto,
-                                  MakeNode("a"), XmNfrom, MakeNode("b"), nullptr);
+                                  MakeButton("a"), XmNfrom, MakeButton("b"), nullptr);
     const Pixel ground = static_cast<Pixel>(ValueOf(graph, XmNbackground));
     auto expect = [&](GC gc, Pixel foreground, Pixel background, int width, int cap) {
         XGCValues got{};

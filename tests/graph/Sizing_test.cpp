@@ -1,7 +1,5 @@
 // The size of the graph: what its nodes need, what its parent grants, what its clip window shows.
-#include <tests/graph/PlacedNodes.h>
-
-#include <corvidlmw/graph/GraphP.h>
+#include <tests/graph/GraphTest.h>
 
 #include <Xm/Form.h>
 #include <Xm/PushB.h>
@@ -41,9 +39,8 @@ CompositeClassRec judge_class = {
                         .delete_child = XtInheritDeleteChild},
 };
 
-class SizingTest : public DisplayTest {
+class SizingTest : public GraphTest {
 protected:
-    Widget graph = nullptr;
     GraphLog log;
 
     // A managed graph of that size below the answering parent.
@@ -52,7 +49,7 @@ protected:
         answer = nullptr;
         Widget judge = XtVaCreateManagedWidget("judge", reinterpret_cast<WidgetClass>(&judge_class),
                                                shell, XtNwidth, 400, XtNheight, 300, nullptr);
-        graph = MakeGraph(judge, XtNwidth, size.x, XtNheight, size.y);
+        MakeGraphIn(judge, XtNwidth, size.x, XtNheight, size.y);
         // Below a parent without a window the toolkit grants all by itself.
         Show();
         log.Add(graph, XmNgraphChangedCallback);
@@ -84,7 +81,7 @@ TEST_F(SizingTest, TheGraphFitsItsNodesAndShrinksOnlyPast50Pixels) {
     for (const auto &example : examples) {
         SCOPED_TRACE(example.what);
         Judged(example.before);
-        Widget node = UnmanagedNode(graph, example.node, example.at);
+        Widget node = Node(example.node, example.at, false);
         XmGraphAdjustSize(graph);
         const bool resized = example.after != example.before;
         const bool moved = example.node_after != example.at;
@@ -128,7 +125,7 @@ TEST_F(SizingTest, TakesWhatItsParentOffersAndTellsNoRefusal) {
 
 TEST_F(SizingTest, AGraphToldSoKeepsItsSizeUntilItIsFreedAgain) {
     Judged({50, 50});
-    Widget node = Node(graph, {}, {-5, 100});
+    Widget node = Node({}, {-5, 100});
     XmGraphDontAdjustSize(graph);
     _XmGraphAdjustSize(graph);
     EXPECT_EQ(PlaceOf(node), (Place{-5, 100}));
@@ -140,7 +137,7 @@ TEST_F(SizingTest, AGraphToldSoKeepsItsSizeUntilItIsFreedAgain) {
 
 TEST_F(SizingTest, MoveAllMovesEveryNodeAndWrapsAt16Bits) {
     Judged({50, 50});
-    Widget a = Node(graph, {}, {10, 20}), b = UnmanagedNode(graph, {60, 30, 1}, {30000, 5});
+    Widget a = Node({}, {10, 20}), b = Node({60, 30, 1}, {30000, 5}, false);
     XmGraphMoveAll(graph, 10000, -25);
     EXPECT_EQ(PlacesOf({a, b}), (Places{{10010, -5}, {40000 - 65536, -20}}));
     EXPECT_EQ(PlaceOf(XtNameToWidget(graph, "dummy")), (Place{10000, -25}));
@@ -189,7 +186,7 @@ TEST_F(SizingTest, PrefersRoomForItsNodesAndAtLeastItsSize) {
         {CWHeight, {0, 60}, {150, 0}},
     };
     Judged({100, 80});
-    Node(graph, {40, 36, 2}, {106, 0});
+    Node({40, 36, 2}, {106, 0});
     for (const auto &[mode, wish, preferred] : queries) {
         SCOPED_TRACE(::testing::Message() << mode << " " << wish);
         XtWidgetGeometry intended{}, reply{};
@@ -212,18 +209,18 @@ TEST_F(SizingTest, AGraphLivesInAShellOrInAForm) {
     for (bool in_form : {false, true}) {
         Widget top = MakeShell(display, "top", 50, 50);
         Widget parent = in_form ? XmCreateForm(top, Name("form"), nullptr, 0) : top;
-        Widget any = MakeGraph(parent);
+        MakeGraphIn(parent);
         if (in_form)
             XtManageChild(parent);
         Show(top);
-        Node(any, {400, 300});
-        XmGraphLayout(any);
+        Node({400, 300});
+        XmGraphLayout(graph);
         Pump();
-        EXPECT_EQ(SizeOf(any), (Place{440, 340}));
+        EXPECT_EQ(SizeOf(graph), (Place{440, 340}));
         EXPECT_EQ(SizeOf(top), (Place{440, 340}));
-        XmGraphShowCoverWindow(any);
-        XmGraphHideCoverWindow(any);
-        EXPECT_EQ(reinterpret_cast<XmGraphWidget>(any)->graph.cover_window, None);
+        XmGraphShowCoverWindow(graph);
+        XmGraphHideCoverWindow(graph);
+        EXPECT_EQ(GraphPartOf(graph).cover_window, None);
         XtDestroyWidget(top);
     }
 }
@@ -246,7 +243,7 @@ protected:
         log.Add(graph, XmNgraphChangedCallback);
     }
     Widget ScrolledWindow() { return XtNameToWidget(shell, "graphSW"); }
-    Window Cover() { return reinterpret_cast<XmGraphWidget>(graph)->graph.cover_window; }
+    Window Cover() { return GraphPartOf(graph).cover_window; }
     bool IsMapped(Window window) {
         XWindowAttributes attributes{};
         XGetWindowAttributes(display, window, &attributes);
@@ -260,7 +257,7 @@ protected:
 
 TEST_F(ScrolledGraphTest, TheGraphIsNeverSmallerThanItsClipWindow) {
     ShowScrolled();
-    Widget node = Node(graph);
+    Widget node = Node();
     XmGraphLayout(graph);
     const Place before = SizeOf(clip);
     EXPECT_EQ(SizeOf(graph), before);
@@ -280,7 +277,7 @@ TEST_F(ScrolledGraphTest, TheGraphIsNeverSmallerThanItsClipWindow) {
     ResizeShell(745, 485);
     EXPECT_EQ(SizeOf(graph), SizeOf(clip));
 
-    Node(graph, {2000, 30});
+    Node({2000, 30});
     XmGraphDontAdjustSize(graph);
     ResizeShell(800, 700);
     XmGraphLayout(graph);
@@ -289,7 +286,7 @@ TEST_F(ScrolledGraphTest, TheGraphIsNeverSmallerThanItsClipWindow) {
 
 TEST_F(ScrolledGraphTest, TheBarsStepByTheGraphsIncrementAndEachStepIsTold) {
     ShowScrolled();
-    Node(graph, {3000, 3000});
+    Node({3000, 3000});
     XmGraphLayout(graph);
     Pump();
     log.Clear();
@@ -344,7 +341,7 @@ TEST_F(ScrolledGraphTest, TheCoverIsShownAsOftenAsItIsAskedForAndHiddenOtherwise
     XmGraphHideCoverWindow(graph);
 
     Recorder recorder;
-    Node(graph);
+    Node();
     XmGraphLayout(graph);
     EXPECT_EQ(recorder.Calls("XMapRaised", Cover()).size(), 1u);
     EXPECT_EQ(recorder.Calls("XUnmapWindow", Cover()).size(), 1u);
