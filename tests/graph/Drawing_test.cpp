@@ -11,19 +11,11 @@ namespace {
 
 using Numbers = std::vector<long>;
 
-constexpr XRectangle left_place = {50, 100, 60, 40};
-constexpr XRectangle right_place = {250, 100, 60, 40};
-// The line between the two.
+// Between the two nodes.
 const Numbers line = {110, 120, 250, 120};
 
-class ArcDrawing : public DrawnGraph {
+class ArcDrawing : public DrawnPair {
 protected:
-    void SetUp() override {
-        DrawnGraph::SetUp();
-        left = Node(left_place);
-        right = Node(right_place);
-    }
-
     // Numbers of the calls of one function.
     static std::vector<Numbers> Of(const std::vector<Call> &calls, const char *function) {
         std::vector<Numbers> all;
@@ -62,15 +54,14 @@ protected:
         arc(left, right, XmNstyle, LineOnOffDash, XmNarcWidth, 2);
         arc(up, down, XmNarcWidth, 7, XmNcapStyle, CapProjecting, XmNforeground, Colour("red"));
         arc(up, right, XmNhighlight, True, XmNmapLabel, True, XmNarcDirection, XmDIRECTED);
-        arc(down, left, XmNmapLabel, True, XmNforeground, Colour("blue"));
+        arc(down, left, XmNmapLabel, True, XmNforeground, Colour("blue"), XmNstyle, LineDoubleDash);
         for (int i = 0; i < 5; i++)
             arc(down, down, XmNarcDirection, XmBIDIRECTED, XmNmapLabel, i != 2);
     }
 
     void ExpectExactPartialRepaints();
-    Widget left = nullptr;
-    Widget right = nullptr;
-    std::vector<Widget> all;
+
+    Widgets all;
 };
 
 TEST_F(ArcDrawing, AnArcIsALineWithAnArrowHeadAtEachEndItsDirectionNames) {
@@ -145,42 +136,15 @@ TEST_F(ArcDrawing, EndsFollowTheDrawMode) {
 }
 
 TEST_F(ArcDrawing, FourLoopsStandOnFourSidesAndTheFifthOnTheFirst) {
-    Widget loop = nullptr;
     for (int i = 0; i < 5; i++)
-        loop = Arc(left, left, XmNmapLabel, i < 4);
+        Arc(left, left);
     Show();
-    const auto calls = Repaint();
     const Numbers above = {65, 60, 30, 60, -1920, 15360};
-    EXPECT_EQ(Of(calls, "XDrawArc"), (std::vector<Numbers>{above,
-                                                           {14, 80, 60, 80, 1920, 20864},
-                                                           {65, 120, 30, 60, 1920, -15360},
-                                                           {86, 80, 60, 80, 9600, -19200},
-                                                           above}));
-    const int width = ArcPartOf(loop).label_width;
-    const int height = ArcPartOf(loop).label_height;
-    const XPoint at[] = {{80, 60}, {14, 120}, {80, 180}, {146, 120}};
-    std::vector<Numbers> labels;
-    for (int rank = 0; rank < 4; rank++)
-        labels.push_back({at[rank].x - (rank % 2 ? width / 2 : 0), at[rank].y - height, width,
-                          XmALIGNMENT_CENTER, 0});
-    EXPECT_EQ(Of(calls, "_XmStringDraw"), labels);
-}
-
-TEST_F(ArcDrawing, LineAttributesReachTheGCs) {
-    Widget arc =
-        Arc(left, right, XmNarcWidth, 5, XmNstyle, LineOnOffDash, XmNforeground, Colour("red"));
-    auto expect = [&](GC gc, int width, int line_style, int cap, Pixel colour) {
-        XGCValues values{};
-        XGetGCValues(display, gc, GCLineWidth | GCLineStyle | GCCapStyle | GCForeground, &values);
-        EXPECT_EQ((Numbers{values.line_width, values.line_style, values.cap_style}),
-                  (Numbers{width, line_style, cap}));
-        EXPECT_EQ(values.foreground, colour);
-    };
-    // A new arc takes CapNotLast for CapButt.
-    expect(ArcPartOf(arc).clear_gc, 5, LineOnOffDash, CapButt, White());
-    expect(ArcPartOf(arc).gc, 5, LineOnOffDash, CapButt, Colour("red"));
-    XtVaSetValues(arc, XmNarcWidth, 0, XmNcapStyle, CapRound, nullptr);
-    expect(ArcPartOf(arc).gc, 0, LineOnOffDash, CapRound, Colour("red"));
+    EXPECT_EQ(Of(Repaint(), "XDrawArc"), (std::vector<Numbers>{above,
+                                                               {14, 80, 60, 80, 1920, 20864},
+                                                               {65, 120, 30, 60, 1920, -15360},
+                                                               {86, 80, 60, 80, 9600, -19200},
+                                                               above}));
 }
 
 TEST_F(ArcDrawing, AHighlightAndAClipLastNoLongerThanTheDrawing) {
@@ -229,12 +193,14 @@ TEST_F(ArcDrawing, ErasingLeavesExactlyTheBackground) {
 TEST_F(ArcDrawing, AChangedLookLeavesNothingOfTheOldOne) {
     Widget arc = Arc(left, right, XmNarcWidth, 9, XmNmapLabel, True, XmNstyle, LineOnOffDash);
     XtVaSetValues(graph, XmNhighlightColor, Colour("green"), nullptr);
+    XmString longer = XmStringCreateLocalized(Name("a longer label"));
     Show();
     const std::pair<const char *, XtArgVal> changes[] = {
         {XmNforeground, static_cast<XtArgVal>(Colour("red"))},
         {XmNdashes, 11},
         {XmNarcWidth, 1},
         {XmNhighlight, True},
+        {XmNlabelString, reinterpret_cast<XtArgVal>(longer)},
         {XmNmapLabel, False},
     };
     for (const auto &[name, value] : changes) {
@@ -245,11 +211,13 @@ TEST_F(ArcDrawing, AChangedLookLeavesNothingOfTheOldOne) {
         Uncover();
         EXPECT_TRUE(SamePicture(Picture::Of(graph), changed)) << name;
     }
+    XmStringFree(longer);
 }
 
 TEST_F(ArcDrawing, MovingANodeTakesItsArcsAlong) {
     for (Widget from : {left, left, right})
         Arc(from, right, XmNarcDirection, XmDIRECTED, XmNmapLabel, True);
+    Arc(right, left);
     Show();
     EXPECT_TRUE(XmGraphMoveNode(graph, right, 250, 300));
     Pump();
@@ -350,7 +318,10 @@ TEST_F(ArcDrawing, ACrossingArcOutOfViewStaysAwayUntilItIsAskedFor) {
     EXPECT_EQ(ByArcs(recorder).size(), 1u) << "the arc is drawn by itself";
     EXPECT_GT(Picture::Of(XtParent(graph)).Count(Black()), 100);
 
+    recorder.Clear();
     XtVaSetValues(graph, XmNshowCrossingArcs, False, nullptr);
+    EXPECT_EQ(recorder.Calls("XClearArea", XtWindow(graph)).size(), 1u)
+        << "what it crossed comes back";
     EXPECT_FALSE(ArcPartOf(arc).drawn);
     EXPECT_EQ(Picture::Of(XtParent(graph)).Count(Black()), 0);
 }

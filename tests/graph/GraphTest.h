@@ -233,4 +233,17 @@ protected:
     }
 };
 
+// Two nodes on one level, 140 pixels apart.
+class DrawnPair : public DrawnGraph {
+protected:
+    void SetUp() override {
+        DrawnGraph::SetUp();
+        left = Node({50, 100, 60, 40});
+        right = Node({250, 100, 60, 40});
+    }
+
+    Widget left = nullptr;
+    Widget right = nullptr;
+};
+
 } // namespace corvidlmw::test

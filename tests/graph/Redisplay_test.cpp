@@ -14,14 +14,12 @@ constexpr long hidden_events =
 
 int layouts = 0;
 
-class Redisplay : public DrawnGraph {
+class Redisplay : public DrawnPair {
 protected:
     void SetUp() override {
-        DrawnGraph::SetUp();
+        DrawnPair::SetUp();
         XtVaSetValues(
             graph, XmNlayoutProc, +[](Widget) { layouts++; }, nullptr);
-        left = Node({50, 100, 60, 40});
-        right = Node({250, 100, 60, 40});
         arc = Arc(left, right);
     }
 
@@ -31,8 +29,6 @@ protected:
         return values;
     }
 
-    Widget left = nullptr;
-    Widget right = nullptr;
     Widget arc = nullptr;
 };
 

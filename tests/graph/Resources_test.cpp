@@ -266,6 +266,8 @@ TEST_F(ResourcesTest, AnArcKeepsItsLookInTwoGCs) {
     expect(ArcPartOf(arc).clear_gc, ground, 0x33, 3, CapButt);
     XtVaSetValues(arc, XmNarcWidth, 4, nullptr);
     expect(ArcPartOf(arc).gc, 0x33, ground, 4, CapNotLast);
+    XtVaSetValues(arc, XmNcapStyle, CapRound, nullptr);
+    expect(ArcPartOf(arc).gc, 0x33, ground, 4, CapRound);
 }
 
 } // namespace

@@ -327,10 +327,12 @@ TEST_F(ScrolledGraphTest, TheCoverIsShownAsOftenAsItIsAskedForAndHiddenOtherwise
     ShowScrolled();
     ASSERT_NE(Cover(), None);
     EXPECT_FALSE(IsMapped(Cover())) << "from the start";
+    Recorder recorder;
     XmGraphShowCoverWindow(graph);
     XmGraphShowCoverWindow(graph);
     XmGraphHideCoverWindow(graph);
     EXPECT_TRUE(IsMapped(Cover()));
+    EXPECT_EQ(recorder.Calls("XMapRaised", Cover()).size(), 1u);
     XmGraphHideCoverWindow(graph);
     EXPECT_FALSE(IsMapped(Cover()));
     XMapWindow(display, Cover());
@@ -340,8 +342,8 @@ TEST_F(ScrolledGraphTest, TheCoverIsShownAsOftenAsItIsAskedForAndHiddenOtherwise
     EXPECT_TRUE(IsMapped(Cover()));
     XmGraphHideCoverWindow(graph);
 
-    Recorder recorder;
     Node();
+    recorder.Clear();
     XmGraphLayout(graph);
     EXPECT_EQ(recorder.Calls("XMapRaised", Cover()).size(), 1u);
     EXPECT_EQ(recorder.Calls("XUnmapWindow", Cover()).size(), 1u);
