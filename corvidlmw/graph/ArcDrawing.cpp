@@ -189,56 +189,7 @@ void PaintArrow(const Surface &surface, GC gc, const Segment &arrow) {
     }
 }
 
-// ---- Drawing and erasing --------------------------------------------------------------------------------
-
-void draw_arrow(Widget arc_widget, const Segment &arrow) {
-    const HighlightScope highlight(arc_widget);
-    PaintArrow(SurfaceOf(arc_widget), ArcOf(arc_widget).gc, arrow);
-}
-
-void clear_arrow(Widget arc_widget, const Segment &arrow) {
-    PaintArrow(SurfaceOf(arc_widget), ArcOf(arc_widget).clear_gc, arrow);
-}
-
-void DrawLabel(Widget arc_widget, const Shape &shape) {
-    const auto &part = ArcOf(arc_widget);
-    if (!part.map_label) {
-        return;
-    }
-    const HighlightScope highlight(arc_widget);
-    const Surface surface = SurfaceOf(arc_widget);
-    _XmStringDraw(surface.display, surface.window, part.font_list, part.label_string, part.gc,
-                  CutToPosition(shape.label.x), CutToPosition(shape.label.y), part.label_width,
-                  XmALIGNMENT_CENTER, 0, nullptr);
-}
-
-void DrawShape(Widget arc_widget, const Shape &shape) {
-    if (shape.visible) {
-        const HighlightScope highlight(arc_widget);
-        PaintLine(SurfaceOf(arc_widget), ArcOf(arc_widget).gc, shape);
-    }
-    for (int i = 0; i < shape.arrow_count; i++) {
-        draw_arrow(arc_widget, shape.arrows[i]);
-    }
-    DrawLabel(arc_widget, shape);
-}
-
-void EraseShape(Widget arc_widget, const Shape &shape) {
-    const auto &part = ArcOf(arc_widget);
-    const Surface surface = SurfaceOf(arc_widget);
-    if (shape.path == Path::Loop || shape.visible) {
-        PaintLine(surface, part.clear_gc, shape);
-    }
-    for (int i = 0; i < shape.arrow_count; i++) {
-        clear_arrow(arc_widget, shape.arrows[i]);
-    }
-    if (part.map_label) {
-        XFillRectangle(surface.display, surface.window, part.clear_gc, shape.label.x, shape.label.y,
-                       part.label_width, part.label_height);
-    }
-}
-
-// ---- Exposures ---------------------------------------------------------------------------------------------
+// ---- Bounds --------------------------------------------------------------------------------------------
 
 // A rectangle around all that the arc paints.
 struct Bounds {
@@ -275,6 +226,72 @@ Bounds BoundsOf(Widget arc_widget, const Shape &shape) {
     }
     return bounds;
 }
+
+// A long line gets several boxes, so that little is repainted beside it.
+void NoteErased(Widget arc_widget, const Shape &shape) {
+    Widget graph = XtParent(arc_widget);
+    auto note = [&](const Bounds &b) {
+        NoteDamage(graph, {b.left, b.top, b.right - b.left + 1, b.bottom - b.top + 1});
+    };
+    if (StateOf(graph).repairs == 0) {
+        return;
+    }
+    Bounds bounds = BoundsOf(arc_widget, shape);
+    note(bounds);
+}
+
+// ---- Drawing and erasing --------------------------------------------------------------------------------
+
+void draw_arrow(Widget arc_widget, const Segment &arrow) {
+    const HighlightScope highlight(arc_widget);
+    PaintArrow(SurfaceOf(arc_widget), ArcOf(arc_widget).gc, arrow);
+}
+
+void clear_arrow(Widget arc_widget, const Segment &arrow) {
+    PaintArrow(SurfaceOf(arc_widget), ArcOf(arc_widget).clear_gc, arrow);
+}
+
+void DrawLabel(Widget arc_widget, const Shape &shape) {
+    const auto &part = ArcOf(arc_widget);
+    if (!part.map_label) {
+        return;
+    }
+    const HighlightScope highlight(arc_widget);
+    const Surface surface = SurfaceOf(arc_widget);
+    _XmStringDraw(surface.display, surface.window, part.font_list, part.label_string, part.gc,
+                  CutToPosition(shape.label.x), CutToPosition(shape.label.y), part.label_width,
+                  XmALIGNMENT_CENTER, 0, nullptr);
+}
+
+void DrawShape(Widget arc_widget, const Shape &shape) {
+    if (shape.visible) {
+        const HighlightScope highlight(arc_widget);
+        PaintLine(SurfaceOf(arc_widget), ArcOf(arc_widget).gc, shape);
+    }
+    for (int i = 0; i < shape.arrow_count; i++) {
+        draw_arrow(arc_widget, shape.arrows[i]);
+    }
+    DrawLabel(arc_widget, shape);
+}
+
+void EraseShape(Widget arc_widget, const Shape &shape) {
+    const FigureLift lift(XtParent(arc_widget));
+    NoteErased(arc_widget, shape);
+    const auto &part = ArcOf(arc_widget);
+    const Surface surface = SurfaceOf(arc_widget);
+    if (shape.path == Path::Loop || shape.visible) {
+        PaintLine(surface, part.clear_gc, shape);
+    }
+    for (int i = 0; i < shape.arrow_count; i++) {
+        clear_arrow(arc_widget, shape.arrows[i]);
+    }
+    if (part.map_label) {
+        XFillRectangle(surface.display, surface.window, part.clear_gc, shape.label.x, shape.label.y,
+                       part.label_width, part.label_height);
+    }
+}
+
+// ---- Exposures ---------------------------------------------------------------------------------------------
 
 bool Touches(const Bounds &bounds, const XRectangle &box) {
     return bounds.left < box.x + box.width && bounds.right >= box.x &&
@@ -425,6 +442,7 @@ void ArcRedisplay(Widget arc_widget, XEvent *, Region region) {
         clipped.Clip(ArcOf(arc_widget));
         DrawShape(arc_widget, shape);
     } else {
+        const FigureLift lift(XtParent(arc_widget));
         DrawShape(arc_widget, shape);
     }
 }

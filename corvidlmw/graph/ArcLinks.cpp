@@ -233,7 +233,7 @@ void DoRemoveArc(Widget w, Widget arc) {
         _EraseArc(arc);
     }
     LeaveSiblings(w, arc, redraw);
-    _XmGraphNodeListRemove(&GraphOf(w).selected_arcs, arc);
+    ForgetSelected(w, arc);
     // A node that is dying has lost its widget, but still has its lists.
     NodePtr from = part.from ? NodeOf(part.from) : nullptr;
     NodePtr to = part.to ? NodeOf(part.to) : nullptr;
@@ -271,7 +271,7 @@ void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
     DropArcs(graph_widget, node->to_arcs);
     StateOf(graph_widget).stale_owners.erase(node);
     ForgetObject(graph_widget, w);
-    _XmGraphNodeListRemove(&graph.selected_nodes, node);
+    ForgetSelected(graph_widget, w);
     _XmGraphNodeListRemove(&graph.user_roots, node);
     _XmGraphNodeListRemove(&subgraph_nodes, node);
     node->widget = nullptr;

@@ -25,8 +25,8 @@ namespace corvidlmw::graph {
 
 XmGraphNodeList return_widget_list;
 XmGraphNodeList subgraph_nodes;
-short nn_width;
-short nn_height;
+unsigned short nn_width;
+unsigned short nn_height;
 LineBatch line_list;
 LineBatch overview_line_list;
 RectangleBatch rectangle_list;
@@ -237,10 +237,11 @@ bool CheckGraph(Widget w, const char *warning) {
     return false;
 }
 
-void CallGraphChanged(Widget graph, int reason, Widget object) {
+void CallGraphChanged(Widget graph, int reason, Widget object, bool interactive) {
     XmGraphCallbackStruct call_data{};
     call_data.reason = reason;
     call_data.widget = object;
+    call_data.interactive = interactive ? True : False;
     XtCallCallbacks(graph, XmNgraphChangedCallback, &call_data);
 }
 
@@ -265,6 +266,7 @@ void ForgetObject(Widget w, Widget object) {
     if (reinterpret_cast<Widget>(manager.selected_gadget) == object) {
         manager.selected_gadget = nullptr;
     }
+    LivingCopy::Forget(StateOf(w), object);
 }
 
 void RemoveFromArcs(Widget w, Widget arc) {
@@ -449,6 +451,7 @@ void DestroyCoverWindow(Widget w) {
 
 void Destroy(Widget w) {
     auto &graph = GraphOf(w);
+    LivingCopy::Forget(StateOf(w), nullptr);
     Watch::Trip(StateOf(w));
     UnveilArcs(w);
     DetachFromScrolledWindow(w);

@@ -408,22 +408,131 @@ CORVIDLMW_EXPORT int XmGraphNumArcs(Widget graph);
  * across the creation or destruction of an arc. */
 CORVIDLMW_EXPORT WidgetList XmGraphGetArcs(Widget graph, int *count);
 
+/* How many arcs leave `node`, and how many lead to it. Both stay unset for a NULL node, for one that is no
+ * node of this graph, and, with a warning, if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphNumNodeArcs(Widget graph, Widget node, int *num_from, int *num_to);
+
+/* The arcs that leave `node` and those that lead to it, with their numbers. The lists are the node's own:
+ * do not free them, nor keep them across a change of its arcs. NULL and 0 for what is no node of this
+ * graph, and, with a warning, if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphGetNodeArcs(Widget graph, Widget node, WidgetList *from,
+                                         WidgetList *to, int *num_from, int *num_to);
+
+/* The nodes that `arc` leaves and leads to; both NULL for a detached arc or what is none. */
+CORVIDLMW_EXPORT void XmGraphGetArcNodes(Widget graph, Widget arc, Widget *from, Widget *to);
+
+/* The arcs that lead from `from` to `to`, in the order of their attachment, their number in `*count`; those
+ * of the other direction are not among them. The caller frees the list with XtFree. NULL and 0 if there is
+ * none. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetArcsBetweenNodes(Widget graph, Widget from, Widget to,
+                                                       int *count);
+
+/* ---- Selection ----------------------------------------------------------------------------------- */
+
+/* Nodes and arcs that are selected show their highlight. Where `notify` is True the callback list is
+ * called, with no event and `interactive` False: after the change for a selection, before it for the
+ * opposite, so that the lists of the call data still hold what is going. Selecting what is selected
+ * already draws and tells again. XmNselectableArcs and XmNallowMultipleSelections bind gestures only.
+ * What is no node, or no arc, of this graph is passed over. The functions for arcs warn if `graph` is
+ * no XmGraph; those for nodes leave it alone. */
+
+/* Adds `node` to the selection; XmCR_SELECT_NODE on XmNselectNodeCallback. */
+CORVIDLMW_EXPORT void XmGraphSelectNode(Widget graph, Widget node, Boolean notify);
+
+/* Adds the `count` widgets of `nodes`; XmCR_SELECT_NODES once, `widget` the first. With a NULL list or a
+ * count below 1 it does nothing. */
+CORVIDLMW_EXPORT void XmGraphSelectNodes(Widget graph, WidgetList nodes, int count, Boolean notify);
+
+/* Adds `arc`; XmCR_SELECT_ARC on XmNselectArcCallback. */
+CORVIDLMW_EXPORT void XmGraphSelectArc(Widget graph, Widget arc, Boolean notify);
+
+/* Adds the `count` arcs of `arcs`; XmCR_SELECT_ARCS once, `widget` the first. With a NULL list or a count
+ * below 1 it does nothing. */
+CORVIDLMW_EXPORT void XmGraphSelectArcs(Widget graph, WidgetList arcs, int count, Boolean notify);
+
+/* Adds `root`, all shown nodes that it reaches, and the arcs between shown nodes that leave these. The
+ * arcs are told one by one, XmCR_SELECT_ARC, whatever `notify` says; with it XmCR_SELECT_SUBGRAPH follows
+ * on XmNselectSubgraphCallback, with `interactive` True. What earlier calls reached is selected again,
+ * until a gesture selects a subgraph. */
+CORVIDLMW_EXPORT void XmGraphSelectSubtree(Widget graph, Widget root, Boolean notify);
+
+/* Take nodes or arcs out of the selection; XmCR_DESELECT on XmNdeselectCallback, once, `widget` the
+ * object or the first of the list. XmGraphUnselectNodes does nothing with a NULL list or a count below 1;
+ * XmGraphUnselectArcs then changes nothing, but tells. The lists may be those that the graph returned. */
+CORVIDLMW_EXPORT void XmGraphUnselectNode(Widget graph, Widget node, Boolean notify);
+CORVIDLMW_EXPORT void XmGraphUnselectNodes(Widget graph, WidgetList nodes, int count,
+                                           Boolean notify);
+CORVIDLMW_EXPORT void XmGraphUnselectArc(Widget graph, Widget arc, Boolean notify);
+CORVIDLMW_EXPORT void XmGraphUnselectArcs(Widget graph, WidgetList arcs, int count, Boolean notify);
+
+/* How many are selected; 0 if `graph` is no XmGraph, for arcs with a warning. */
+CORVIDLMW_EXPORT int XmGraphNumSelectedNodes(Widget graph);
+CORVIDLMW_EXPORT int XmGraphNumSelectedArcs(Widget graph);
+
+/* The selected nodes in the order of their selection, their number in `*count`; NULL and 0 with none, or,
+ * with a warning, if `graph` is no XmGraph. The list belongs to the library and is overwritten by the next
+ * call that returns nodes of any graph. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetSelectedNodes(Widget graph, int *count);
+
+/* The same for arcs. The list is the graph's own: do not free it, nor keep it across a change of the
+ * selection. */
+CORVIDLMW_EXPORT WidgetList XmGraphGetSelectedArcs(Widget graph, int *count);
+
+/* True if selected; False for what is no node, or no arc, of this graph. The second warns if `graph` is no
+ * XmGraph. */
+CORVIDLMW_EXPORT Boolean XmGraphIsSelectedNode(Widget graph, Widget node);
+CORVIDLMW_EXPORT Boolean XmGraphIsSelectedArc(Widget graph, Widget arc);
+
+/* ---- Changes ------------------------------------------------------------------------------------- */
+
+/* Makes a node "Node" of class XmNdefaultNodeClass in the middle of what can be seen of the graph, as the
+ * user's gesture does: XmNnewNodeCallback may refuse it (XmCR_NEW_NODE, `doit`), else it is managed and
+ * XmNgraphChangedCallback called. The graph is laid out if XmNautoLayoutMode is XmALWAYS or XmNODES_ONLY.
+ * A `graph` that is no XmGraph is left alone. */
+CORVIDLMW_EXPORT void XmGraphAddNode(Widget graph);
+
 /* Moves `node` to (x, y), its arcs with it; the graph's size does not follow. Returns True, or False
  * for a NULL node, one that is no node of a graph, or, with a warning, a `graph` that is no XmGraph. */
 CORVIDLMW_EXPORT Boolean XmGraphMoveNode(Widget graph, Widget node, Position x, Position y);
+
+/* The same without drawing any arc, for many moves before a repaint. Coordinates below 0 become 0. Returns
+ * True; what is no node of `graph` stays where it is. */
+CORVIDLMW_EXPORT Boolean XmGraphMoveNodeQuietly(Widget graph, Widget node, Position x, Position y);
 
 /* Attaches `arc` to other nodes. Returns True if it did, or if the arc has no ends to move; False if
  * both ends are as asked already, if either is NULL or no node of this graph, or, with a warning, if
  * `graph` is no XmGraph. With an automatic layout of arcs the subgraph below `from` is laid out. */
 CORVIDLMW_EXPORT Boolean XmGraphMoveArc(Widget graph, Widget arc, Widget from, Widget to);
 
+/* Destroys the arcs that lead from `from` to `to`, if there are any. Warns if `graph` is no XmGraph. */
+CORVIDLMW_EXPORT void XmGraphRemoveArcBetweenNodes(Widget graph, Widget from, Widget to);
+
 /* Destroys all arcs, or all nodes with their arcs. Warn if `graph` is no XmGraph. */
 CORVIDLMW_EXPORT void XmGraphDestroyAllArcs(Widget graph);
 CORVIDLMW_EXPORT void XmGraphDestroyAllNodes(Widget graph);
 
+/* Destroys the selected nodes, with their arcs, and the selected arcs. */
+CORVIDLMW_EXPORT void XmGraphDestroySelectedArcsOrNodes(Widget graph);
+
+/* Manage nodes and arcs of one graph as XtManageChildren does, but with one layout for all of them.
+ * XmGraphManageChild takes one, or NULL. XmGraphManageChildren takes `count` of them; a count below 1 does
+ * nothing, and what is not in the graph of the first is passed over. */
+CORVIDLMW_EXPORT void XmGraphManageChild(Widget child);
+CORVIDLMW_EXPORT void XmGraphManageChildren(WidgetList children, int count);
+
+/* Manage and unmanage all nodes and arcs, with one layout. A single arc stays managed. A `graph` that is no
+ * XmGraph is left alone. */
+CORVIDLMW_EXPORT void XmGraphManageAll(Widget graph);
+CORVIDLMW_EXPORT void XmGraphUnmanageAll(Widget graph);
+
+/* ---- Picking ------------------------------------------------------------------------------------- */
+
 /* Returns the first arc within a few pixels of (x, y), in graph coordinates, or NULL; NULL with a
  * warning if `graph` is no XmGraph. */
 CORVIDLMW_EXPORT Widget XmGraphInputOverArc(Widget graph, int x, int y);
+
+/* True if (x, y) is within a few pixels of `arc`; False for a detached arc or what is none. */
+CORVIDLMW_EXPORT Boolean XmGraphIsPointInArc(Widget arc, int x, int y);
 
 /* ---- Size ------------------------------------------------------------------------------------------ */
 

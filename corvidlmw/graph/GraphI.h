@@ -7,11 +7,14 @@
 #include <corvidlmw/graph/ArcP.h>
 #include <corvidlmw/graph/GraphP.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <deque>
 #include <span>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace corvidlmw::graph {
@@ -85,8 +88,8 @@ extern XmGraphNodeList return_widget_list;
 extern XmGraphNodeList subgraph_nodes;
 
 // Size of the super-root's widget and of new nodes.
-extern short nn_width;
-extern short nn_height;
+extern unsigned short nn_width;
+extern unsigned short nn_height;
 
 // Figures collected for one request: the rubber band and the overview.
 struct LineBatch {
@@ -105,6 +108,7 @@ extern RectangleBatch overview_rectangle_list;
 // ---- State behind `internal` ------------------------------------------------------------------------
 
 class Watch;
+class LivingCopy;
 
 // An arc that left `arcs` and is not dead yet: a work procedure destroys it, or, with none, the
 // toolkit at the end of a dispatch.
@@ -139,6 +143,12 @@ struct SharedFont {
 };
 using SharedFonts = std::unordered_map<const void *, SharedFont>;
 
+// What a gesture draws over the graph while it runs.
+struct Figure {
+    enum class Kind { Nothing, Line, Box } kind = Kind::Nothing;
+    Segment span; // from end to end, or from corner to corner
+};
+
 struct GraphState {
     std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
@@ -153,8 +163,16 @@ struct GraphState {
     TakenArcs *taken_arcs = nullptr;   // while all arcs are being destroyed
     // Nodes whose `tree_children` may name a node that no arc leads to any more.
     std::unordered_set<NodePtr> stale_owners;
+    // What stands in `selected_nodes` and `selected_arcs`.
+    std::unordered_set<const void *> selected;
     SharedFonts fonts;
+    Figure figure;
+    int figure_lifts = 0; // how often it was taken away for a drawing
+    // What was erased since the outermost DamageRepair began.
+    std::vector<Rectangle> damage;
+    int repairs = 0;
     Watch *watches = nullptr;
+    LivingCopy *copies = nullptr;
 };
 
 inline GraphState &StateOf(Widget graph) {
@@ -183,9 +201,41 @@ public:
         }
     }
 
-private:
+protected:
     GraphState *state_;
+
+private:
     Watch *next_;
+};
+
+// Nodes and arcs of a graph to walk while client code runs: what dies on the way becomes NULL here.
+class LivingCopy : public Watch {
+public:
+    LivingCopy(Widget graph, std::vector<Widget> objects)
+        : Watch(graph), outer_(state_->copies), objects_(std::move(objects)) {
+        state_->copies = this;
+    }
+    ~LivingCopy() {
+        if (state_) {
+            state_->copies = outer_;
+        }
+    }
+
+    // An object, or all of them with NULL.
+    static void Forget(GraphState &state, Widget object) {
+        for (LivingCopy *copy = state.copies; copy; copy = copy->outer_) {
+            for (Widget &entry : copy->objects_) {
+                entry = entry == object || !object ? nullptr : entry;
+            }
+        }
+    }
+    Widget operator[](std::size_t i) const { return objects_[i]; }
+    auto begin() const { return objects_.begin(); }
+    auto end() const { return objects_.end(); }
+
+private:
+    LivingCopy *outer_;
+    std::vector<Widget> objects_;
 };
 
 // `internal` of an arc: its serial number in the graph. `arcs` is sorted by it, so that an arc is
@@ -200,7 +250,7 @@ constexpr unsigned long doomed_serial = ~0UL;
 // ---- Graph.cpp ----------------------------------------------------------------------------------------
 
 // XmNgraphChangedCallback with nothing but a reason and, for some, an object.
-void CallGraphChanged(Widget graph, int reason, Widget object = nullptr);
+void CallGraphChanged(Widget graph, int reason, Widget object = nullptr, bool interactive = false);
 
 // Clears every field of the graph that names the dying object.
 void ForgetObject(Widget graph, Widget object);
@@ -310,12 +360,92 @@ void ApplyEditMode(Widget graph, std::span<Widget> children);
 void ApplyEditModeAgain(Widget graph);
 void FreeEditState(NodePtr node);
 
-// ---- Structure.cpp, Viewport.cpp, SelectGestures.cpp ----------------------------------------------------------------
+// ---- Selection.cpp ---------------------------------------------------------------------------------------------------
+
+// The nodes' widgets in `return_widget_list`; NULL with none.
+WidgetList WidgetsOf(const XmGraphNodeList &nodes, int *count);
+// The widgets of records, to walk on.
+std::vector<Widget> WidgetsOf(std::span<NodePtr> nodes);
+// Fills in the lists and calls, if anybody listens.
+void CallWithLists(Widget graph, const char *callbacks, XmGraphCallbackStruct &call_data);
+// A highlight shows as soon as there is a window.
+void HighlightNode(Widget node);
+void UnhighlightNode(Widget node);
+bool IsSelected(Widget graph, Widget object);
+bool HasSelection(Widget graph);
+// Any child with a record, the super-root too: a sweep takes it along.
+void SelectNode(Widget graph, Widget node, bool notify);
+void SelectArc(Widget graph, Widget arc, bool notify);
+void UnselectNode(Widget graph, Widget node, bool notify);
+void UnselectArc(Widget graph, Widget arc, bool notify);
+// Takes it out, with nothing told or drawn.
+void ForgetSelected(Widget graph, Widget object);
+// These two tell the client first, if there is anything to deselect.
+void DeselectAllNodes(Widget graph);
+void DeselectAllArcs(Widget graph);
+// The arcs that leave a node to another one, if both ends can be seen.
+void SelectArcsWithSubgraph(Widget graph, NodePtr node);
+void CancelArcsWithSubgraph(Widget graph, NodePtr node);
+// The node, `subgraph_nodes` and their arcs, with no word of the nodes.
+void SelectSubgraph(Widget graph, Widget root);
+
+// ---- Structure.cpp, Viewport.cpp -------------------------------------------------------------------------------------
 
 void DestroyAllArcs(Widget graph);
 void ForgetButterflyRoot(Widget graph);
 
-extern XtActionsRec graph_actions[8];
+// ---- Additions.cpp ---------------------------------------------------------------------------------------------------
+
+// Where a new node's upper left corner comes to lie, and the gesture that it comes from; NULL for none.
+void AddNode(Widget graph, Point place, XEvent *event);
+// The arc's gesture ended at (x, y) of the event.
+void AddArc(Widget graph, XEvent *event);
+
+// ---- RubberBand.cpp --------------------------------------------------------------------------------------------------
+
+// The rectangle between two corners.
+Rectangle Normalised(const Segment &diagonal);
+// In place of the one that shows.
+void ShowFigure(Widget graph, const Figure &figure);
+void HideFigure(Widget graph);
+
+// For the length of a drawing the figure is gone.
+class FigureLift {
+public:
+    explicit FigureLift(Widget graph);
+    ~FigureLift();
+    FigureLift(const FigureLift &) = delete;
+    FigureLift &operator=(const FigureLift &) = delete;
+
+private:
+    Watch watch_;
+    Widget graph_;
+};
+
+// ---- Repair.cpp ------------------------------------------------------------------------------------------------------
+
+// Clears and paints anew, within the window.
+void Repaint(Widget graph, Region region);
+void NoteDamage(Widget graph, const Rectangle &box);
+
+// Repaints at its end what was erased meanwhile.
+class DamageRepair {
+public:
+    explicit DamageRepair(Widget graph);
+    ~DamageRepair();
+    DamageRepair(const DamageRepair &) = delete;
+    DamageRepair &operator=(const DamageRepair &) = delete;
+
+private:
+    Watch watch_;
+    Widget graph_;
+};
+
+// ---- Input.cpp -------------------------------------------------------------------------------------------------------
+
+extern XtActionsRec graph_actions[16];
 extern const char graph_translations[];
+// The node or arc that a gesture finds at the event's point; NULL for none.
+Widget PickObject(Widget graph, XEvent *event, bool with_arcs);
 
 } // namespace corvidlmw::graph

@@ -374,6 +374,7 @@ void ConvertSpacing(Widget w, int child_units, int sibling_units) {
 
 void LayoutNow(Widget w) {
     auto &graph = GraphOf(w);
+    const FigureLift lift(w);
     graph.layed_out = False;
     if (NumChildrenOf(w) > 1 && graph.layout_proc) {
         (*graph.layout_proc)(w);
@@ -487,6 +488,7 @@ void XmGraphRelaySubgraph(Widget w, Widget widget) {
         return;
     }
     auto &graph = GraphOf(w);
+    const FigureLift lift(w);
     const Point old = {widget->core.x, widget->core.y};
     graph.layed_out = False;
 

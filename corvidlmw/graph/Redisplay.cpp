@@ -142,6 +142,7 @@ void Rebuild(Widget w, GC &gc, GC built) {
 bool UpdateGCs(Widget current, Widget new_w) {
     const auto &old = GraphOf(current);
     auto &graph = GraphOf(new_w);
+    const FigureLift lift(new_w);
     const Pixel foreground = ManagerOf(new_w).foreground;
     const bool background_changed = current->core.background_pixel != new_w->core.background_pixel;
     if (background_changed || ManagerOf(current).foreground != foreground) {
@@ -393,7 +394,12 @@ static void SettleCover(Widget w) {
 // Arcs first, and the gadgets over them. An arc that is out of view by XmNshowCrossingArcs stays away.
 void GraphRedisplay(Widget w, XEvent *event, Region region) {
     SettleCover(w);
+    const FigureLift lift(w);
     if (region) {
+        // The figure moved on since the server cleared the region: what it left there is unknown.
+        if (StateOf(w).figure.kind != Figure::Kind::Nothing) {
+            return Repaint(w, region);
+        }
         DrawArcsInRegion(w, region);
         _RefreshGadgets(w, region);
         return;
@@ -427,6 +433,7 @@ Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *
         graph.arc_draw_mode != old.arc_draw_mode || graph.twins_visible != old.twins_visible;
     redraw = UpdateGCs(current, new_w) || redraw;
     if (graph.editable != old.editable) {
+        HideFigure(new_w);
         ApplyEditMode(new_w, Children(new_w));
     }
     if (relayout) {

@@ -12,16 +12,7 @@ using namespace corvidlmw::graph;
 
 namespace {
 
-// ---- Lists that are handed out -------------------------------------------------------------------
-
-WidgetList WidgetsOf(const XmGraphNodeList &nodes, int *count) {
-    return_widget_list.count = 0;
-    for (NodePtr node : Nodes(nodes)) {
-        AppendArc(return_widget_list, node->widget);
-    }
-    *count = return_widget_list.count;
-    return *count ? reinterpret_cast<WidgetList>(return_widget_list.items) : nullptr;
-}
+// ---- Destroying ----------------------------------------------------------------------------------
 
 // Destroys the nodes from `first` on. Inside of a dispatch they stay among the children for now, else
 // they leave at once; a client's callback may destroy others on the way, or add some at the end.
@@ -52,6 +43,16 @@ std::vector<TakenArc> TakeArcs(Widget w) {
     graph.arcs = nullptr;
     graph.num_arcs = graph.arcs_size = 0;
     return taken;
+}
+
+std::vector<Widget> ArcsBetween(Widget w, Widget from_widget, Widget to_widget) {
+    NodePtr from = NodeIn(w, from_widget);
+    if (!from || !NodeIn(w, to_widget)) {
+        return {};
+    }
+    std::vector<Widget> arcs = Copy(Widgets(from->from_arcs));
+    std::erase_if(arcs, [&](Widget arc) { return ArcOf(arc).to != to_widget; });
+    return arcs;
 }
 
 // ---- Moving arcs -----------------------------------------------------------------------------------
@@ -112,35 +113,71 @@ void MoveEnds(Widget graph, Widget arc, NodePtr from, NodePtr to) {
     }
 }
 
-// ---- Picking -----------------------------------------------------------------------------------------
+// ---- Managing ------------------------------------------------------------------------------------
 
-// The box around the end points, as it is cut to 16 bits.
-bool IsInBox(Widget arc, int tolerance, int x, int y) {
-    const Segment ends = StoredEndsOf(arc);
-    const int left = CutToPosition(std::min(ends.start.x, ends.end.x) - tolerance);
-    const int top = CutToPosition(std::min(ends.start.y, ends.end.y) - tolerance);
-    const int width = CutToDimension(std::abs(ends.end.x - ends.start.x) + 2 * tolerance);
-    const int height = CutToDimension(std::abs(ends.end.y - ends.start.y) + 2 * tolerance);
-    return x >= left && x <= left + width && y >= top && y <= top + height;
+bool IsInGraph(Widget w, Widget object) {
+    return object && XtParent(object) == w && XtIsRectObj(object) && !IsBeingDestroyed(object);
 }
 
-// Such an arc bows out of its box.
-bool IsLaterTwin(const XmGraphPart &graph, Widget arc) {
-    const XmGraphNodeList *siblings = ArcOf(arc).siblings;
-    return graph.twins_visible == True && siblings && Widgets(*siblings).front() != arc;
+// What the toolkit does once its flag is set and the parent knows.
+void ShowOrHide(Widget object, bool managed) {
+    if (!XtIsWidget(object) || XmIsArc(object)) {
+        return;
+    }
+    if (managed && !XtIsRealized(object)) {
+        XtRealizeWidget(object);
+    }
+    if (object->core.mapped_when_managed && XtIsRealized(object)) {
+        managed ? XtMapWidget(object) : XtUnmapWidget(object);
+    }
 }
 
-bool MayTouch(const XmGraphPart &graph, Widget arc, int x, int y) {
-    const auto &part = ArcOf(arc);
-    return (part.label_string && part.map_label) || IsInBox(arc, graph.arc_tolerance, x, y) ||
-           part.to == part.from || IsLaterTwin(graph, arc);
+// One call of the class's method for all, where the toolkit would make one for each batch of a client.
+void SetManaged(Widget w, std::span<Widget> objects, bool managed) {
+    std::vector<Widget> changed;
+    for (Widget object : objects) {
+        if (IsInGraph(w, object)) {
+            if (XtIsManaged(object) != managed) {
+                changed.push_back(object);
+            }
+            object->core.managed = managed ? True : False;
+        }
+    }
+    if (IsBeingDestroyed(w)) {
+        return;
+    }
+    const LivingCopy alive(w, std::move(changed));
+    reinterpret_cast<CompositeWidgetClass>(XtClass(w))->composite_class.change_managed(w);
+    if (alive.Died()) {
+        return;
+    }
+    // The toolkit would lift it after its own call.
+    UnveilArcs(w);
+    for (Widget object : alive) {
+        if (object && XtIsRealized(w)) {
+            ShowOrHide(object, managed);
+        }
+    }
 }
 
-bool Touches(const XmGraphPart &graph, Widget arc, int x, int y) {
-    const OwnedRegion region(XmArcGetRegion(arc));
-    const auto side = static_cast<unsigned>(2 * graph.arc_tolerance);
-    return region && XRectInRegion(region.get(), x - graph.arc_tolerance, y - graph.arc_tolerance,
-                                   side, side) != RectangleOut;
+std::vector<Widget> AllObjects(Widget w, bool with_arcs) {
+    std::vector<Widget> objects = Copy(Children(w));
+    if (!objects.empty()) {
+        objects.erase(objects.begin());
+    }
+    if (with_arcs) {
+        objects.insert(objects.end(), Arcs(w).begin(), Arcs(w).end());
+    }
+    return objects;
+}
+
+void DestroyLiving(const LivingCopy &objects) {
+    for (Widget object : objects) {
+        if (object && !IsBeingDestroyed(object)) {
+            assert(XtIsObject(object));
+            XtDestroyWidget(object);
+        }
+    }
 }
 
 } // namespace
@@ -248,6 +285,52 @@ WidgetList XmGraphGetArcs(Widget w, int *count) {
     return *count ? GraphOf(w).arcs : nullptr;
 }
 
+void XmGraphNumNodeArcs(Widget w, Widget node_widget, int *num_from, int *num_to) {
+    if (!CheckGraph(w, " XmGraphNumNodeArcs requires an XmGraph widget")) {
+        return;
+    }
+    if (NodePtr node = NodeIn(w, node_widget)) {
+        *num_from = node->from_arcs.count;
+        *num_to = node->to_arcs.count;
+    }
+}
+
+void XmGraphGetNodeArcs(Widget w, Widget node_widget, WidgetList *from, WidgetList *to,
+                        int *num_from, int *num_to) {
+    *from = *to = nullptr;
+    *num_from = *num_to = 0;
+    if (!CheckGraph(w, " XmGraphGetNodeArcs requires an XmGraph widget")) {
+        return;
+    }
+    if (NodePtr node = NodeIn(w, node_widget)) {
+        *from = reinterpret_cast<WidgetList>(node->from_arcs.items);
+        *to = reinterpret_cast<WidgetList>(node->to_arcs.items);
+        *num_from = node->from_arcs.count;
+        *num_to = node->to_arcs.count;
+    }
+}
+
+void XmGraphGetArcNodes(Widget, Widget arc, Widget *from, Widget *to) {
+    const bool attached = arc && XmIsArc(arc);
+    *from = attached ? ArcOf(arc).from : nullptr;
+    *to = attached ? ArcOf(arc).to : nullptr;
+}
+
+WidgetList XmGraphGetArcsBetweenNodes(Widget w, Widget from, Widget to, int *count) {
+    int unwanted = 0;
+    count = count ? count : &unwanted;
+    const std::vector<Widget> arcs =
+        w && XmIsGraph(w) ? ArcsBetween(w, from, to) : std::vector<Widget>();
+    *count = static_cast<int>(arcs.size());
+    if (arcs.empty()) {
+        return nullptr;
+    }
+    auto list =
+        reinterpret_cast<WidgetList>(XtMalloc(static_cast<Cardinal>(arcs.size() * sizeof(Widget))));
+    std::copy(arcs.begin(), arcs.end(), list);
+    return list;
+}
+
 void XmGraphDestroyAllArcs(Widget w) {
     if (CheckGraph(w, "XmGraphDestroyAllArcs requires an XmGraph widget")) {
         DestroyAllArcs(w);
@@ -284,6 +367,7 @@ Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
     if (IsBeingDestroyed(node_widget)) {
         return True;
     }
+    const FigureLift lift(w);
     const bool managed = XtIsManaged(node_widget);
     if (managed) {
         EraseArcs(node->from_arcs);
@@ -293,6 +377,27 @@ Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
     if (managed) {
         DrawArcs(node->from_arcs);
         DrawArcs(node->to_arcs);
+    }
+    return True;
+}
+
+// A gadget is told of its place alone, so that nothing is cleared.
+Boolean XmGraphMoveNodeQuietly(Widget w, Widget node, Position x, Position y) {
+    if (!w || !XmIsGraph(w) || !node || XtParent(node) != w || !XtIsRectObj(node) ||
+        !NodeOf(node)) {
+        return True;
+    }
+    x = std::max<Position>(x, 0);
+    y = std::max<Position>(y, 0);
+    const FigureLift lift(w);
+    if (XtIsWidget(node)) {
+        XtMoveWidget(node, x, y);
+        return True;
+    }
+    node->core.x = x;
+    node->core.y = y;
+    if (XtWidgetProc resize = XtClass(node)->core_class.resize) {
+        resize(node);
     }
     return True;
 }
@@ -333,23 +438,50 @@ Boolean XmGraphMoveArc(Widget w, Widget arc, Widget from_widget, Widget to_widge
     return True;
 }
 
-// ---- Picking -----------------------------------------------------------------------------------------------
-
-Widget XmGraphInputOverArc(Widget w, int x, int y) {
-    if (!CheckGraph(w, "XmGraphInputOverArc requires an XmGraph widget")) {
-        return nullptr;
+void XmGraphRemoveArcBetweenNodes(Widget w, Widget from, Widget to) {
+    if (CheckGraph(w, "XmGraphRemoveArcBetweenNodes requires an XmGraph widget")) {
+        DestroyLiving(LivingCopy(w, ArcsBetween(w, from, to)));
     }
-    // Regions have 16 bits: a point past them would come in again on the other side.
-    if (x != CutToPosition(x) || y != CutToPosition(y)) {
-        return nullptr;
+}
+
+// The super-root stays, though a sweep may have taken it along. The arcs of the nodes go with them.
+void XmGraphDestroySelectedArcsOrNodes(Widget w) {
+    if (!w || !XmIsGraph(w)) {
+        return;
     }
     const auto &graph = GraphOf(w);
-    for (Widget arc : Arcs(w)) {
-        if (HasBothEnds(arc) && MayTouch(graph, arc, x, y) && Touches(graph, arc, x, y)) {
-            return arc;
-        }
+    std::vector<Widget> objects = WidgetsOf(Nodes(graph.selected_nodes));
+    std::erase_if(objects, [&](Widget node) { return graph.root && node == graph.root->widget; });
+    objects.insert(objects.end(), Widgets(graph.selected_arcs).begin(),
+                   Widgets(graph.selected_arcs).end());
+    DestroyLiving(LivingCopy(w, std::move(objects)));
+}
+
+// ---- Managing ------------------------------------------------------------------------------------------------
+
+void XmGraphManageChild(Widget child) {
+    XmGraphManageChildren(&child, child ? 1 : 0);
+}
+
+void XmGraphManageChildren(WidgetList children, int count) {
+    Widget w = children && count > 0 && children[0] ? XtParent(children[0]) : nullptr;
+    if (w && XmIsGraph(w)) {
+        SetManaged(w, {children, static_cast<std::size_t>(count)}, true);
     }
-    return nullptr;
+}
+
+void XmGraphManageAll(Widget w) {
+    if (w && XmIsGraph(w)) {
+        std::vector<Widget> objects = AllObjects(w, true);
+        SetManaged(w, objects, true);
+    }
+}
+
+void XmGraphUnmanageAll(Widget w) {
+    if (w && XmIsGraph(w)) {
+        std::vector<Widget> objects = AllObjects(w, GraphOf(w).num_arcs > 1);
+        SetManaged(w, objects, false);
+    }
 }
 
 } // extern "C"

@@ -33,6 +33,10 @@ void _XmManagerHelp(Widget w, XEvent *event, String *params, Cardinal *num_param
 // Hands an event to a gadget that wants it, and is sensitive and managed.
 void _XmDispatchGadgetInput(Widget gadget, XEvent *event, Mask mask);
 
+// The highlight around a primitive widget or a gadget; other classes are left alone.
+void _XmHighlightBorder(Widget w);
+void _XmUnhighlightBorder(Widget w);
+
 // Moves a widget or gadget, and its drop site with it.
 void _XmMoveObject(Widget w, Position x, Position y);
 
