@@ -191,25 +191,16 @@ void PaintArrow(const Surface &surface, GC gc, const Segment &arrow) {
 
 // ---- Bounds --------------------------------------------------------------------------------------------
 
-// A rectangle around all that the arc paints.
-struct Bounds {
-    int left, top, right, bottom;
-
-    void Add(Point p, int reach) {
-        left = std::min(left, p.x - reach);
-        top = std::min(top, p.y - reach);
-        right = std::max(right, p.x + reach);
-        bottom = std::max(bottom, p.y + reach);
-    }
-};
-
 // A mitred corner reaches up to 5.2 widths past its point; an arrow head is 6 pixels long.
+int ReachOf(const XmArcPart &part) {
+    return 8 + 6 * std::clamp(part.arc_width, 0, widest_arc);
+}
+
+// All that the arc paints.
 Bounds BoundsOf(Widget arc_widget, const Shape &shape) {
     const auto &part = ArcOf(arc_widget);
-    const int reach = 8 + 6 * std::clamp(part.arc_width, 0, widest_arc);
-    Bounds bounds = {shape.ends.start.x, shape.ends.start.y, shape.ends.start.x,
-                     shape.ends.start.y};
-    bounds.Add(shape.ends.start, reach);
+    const int reach = ReachOf(part);
+    Bounds bounds(shape.ends.start, reach);
     bounds.Add(shape.ends.end, reach);
     if (shape.path == Path::Curve) {
         for (const Point &p : shape.curve) {
@@ -227,17 +218,38 @@ Bounds BoundsOf(Widget arc_widget, const Shape &shape) {
     return bounds;
 }
 
-// A long line gets several boxes, so that little is repainted beside it.
+Rectangle BoxOf(const Bounds &b) {
+    return {b.left, b.top, b.right - b.left + 1, b.bottom - b.top + 1};
+}
+
+// A long line is erased in several boxes, so that little is repainted beside it.
+void NoteErasedLine(Widget graph, const Segment &line, int reach) {
+    constexpr int pieces = 8;
+    auto at = [&](int i) {
+        return Point{line.start.x + (line.end.x - line.start.x) * i / pieces,
+                     line.start.y + (line.end.y - line.start.y) * i / pieces};
+    };
+    for (int i = 0; i < pieces; i++) {
+        Bounds bounds(at(i), reach);
+        bounds.Add(at(i + 1), reach);
+        NoteDamage(graph, BoxOf(bounds));
+    }
+}
+
 void NoteErased(Widget arc_widget, const Shape &shape) {
     Widget graph = XtParent(arc_widget);
-    auto note = [&](const Bounds &b) {
-        NoteDamage(graph, {b.left, b.top, b.right - b.left + 1, b.bottom - b.top + 1});
-    };
     if (StateOf(graph).repairs == 0) {
         return;
     }
-    Bounds bounds = BoundsOf(arc_widget, shape);
-    note(bounds);
+    if (shape.path != Path::Straight) {
+        NoteDamage(graph, BoxOf(BoundsOf(arc_widget, shape)));
+        return;
+    }
+    const auto &part = ArcOf(arc_widget);
+    NoteErasedLine(graph, shape.ends, ReachOf(part));
+    if (part.map_label) {
+        NoteDamage(graph, {shape.label.x, shape.label.y, part.label_width, part.label_height});
+    }
 }
 
 // ---- Drawing and erasing --------------------------------------------------------------------------------
@@ -292,11 +304,6 @@ void EraseShape(Widget arc_widget, const Shape &shape) {
 }
 
 // ---- Exposures ---------------------------------------------------------------------------------------------
-
-bool Touches(const Bounds &bounds, const XRectangle &box) {
-    return bounds.left < box.x + box.width && bounds.right >= box.x &&
-           bounds.top < box.y + box.height && bounds.bottom >= box.y;
-}
 
 // Keeps the rank and the end points of an arc that is about to be drawn. False if it is not to be drawn
 // at all.
@@ -416,17 +423,25 @@ void DrawArcsInRegion(Widget graph, Region region) {
     XRectangle box;
     XClipBox(region, &box);
     ClippedArcs clipped({XtDisplay(graph), XtWindow(graph)}, region);
-    for (Widget arc_widget : Arcs(graph)) {
-        if (!ArcIsInView(graph, arc_widget) || !PrepareDrawing(arc_widget)) {
-            continue;
-        }
-        const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
-        StoreEnds(arc_widget, shape.ends);
-        if (Touches(BoundsOf(arc_widget, shape), box)) {
+    for (Widget arc_widget : ArcsTouching(graph, box)) {
+        if (ArcIsInView(graph, arc_widget) && PrepareDrawing(arc_widget)) {
+            const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
+            StoreEnds(arc_widget, shape.ends);
             clipped.Clip(ArcOf(arc_widget));
             DrawShape(arc_widget, shape);
         }
     }
+}
+
+std::optional<Bounds> MeasureArc(Widget graph, Widget arc_widget) {
+    if (!HasBothEnds(arc_widget)) {
+        return {};
+    }
+    const Shape shape = ShapeOf(arc_widget, _sibling_rank(arc_widget));
+    if (ArcIsInView(graph, arc_widget) && PrepareDrawing(arc_widget)) {
+        StoreEnds(arc_widget, shape.ends);
+    }
+    return BoundsOf(arc_widget, shape);
 }
 
 // ---- Class methods -----------------------------------------------------------------------------------------

@@ -270,6 +270,7 @@ void ForgetObject(Widget w, Widget object) {
 }
 
 void RemoveFromArcs(Widget w, Widget arc) {
+    ForgetArcBounds(w);
     const unsigned long serial = SerialOf(arc);
     auto arcs = Arcs(w);
     auto found = std::lower_bound(arcs.begin(), arcs.end(), serial,
@@ -499,6 +500,7 @@ void GetValuesHook(Widget w, ArgList args, Cardinal *num_args) {
 
 void InsertArc(Widget w, Widget arc) {
     auto &graph = GraphOf(w);
+    ForgetArcBounds(w);
     XtAddCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
     ArcOf(arc).internal = reinterpret_cast<XtPointer>(StateOf(w).next_arc_serial++);
     if (graph.num_arcs == graph.arcs_size) {
@@ -532,6 +534,7 @@ void InsertNode(Widget w, Widget child) {
     } else {
         XtAddCallback(child, XmNdestroyCallback, destroy_node_callback, w);
     }
+    ForgetArcBounds(w);
     ApplyEditMode(w, {&child, 1});
     const Cardinal position = InsertPosition(child);
     if (composite.num_children == composite.num_slots) {
@@ -589,6 +592,7 @@ void DeleteChild(Widget child) {
         RemoveFromArcs(w, child);
         return;
     }
+    ForgetArcBounds(w);
     auto children = Children(w);
     auto found = std::find(children.begin(), children.end(), child);
     if (found != children.end()) {

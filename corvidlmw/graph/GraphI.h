@@ -11,6 +11,8 @@
 #include <array>
 #include <cstdlib>
 #include <deque>
+#include <limits>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <unordered_set>
@@ -143,6 +145,31 @@ struct SharedFont {
 };
 using SharedFonts = std::unordered_map<const void *, SharedFont>;
 
+// From the first to the last pixel, both inside.
+struct Bounds {
+    constexpr Bounds() = default;
+    Bounds(Point p, int reach) { Add(p, reach); }
+
+    void Add(Point p, int reach) {
+        left = std::min(left, p.x - reach);
+        top = std::min(top, p.y - reach);
+        right = std::max(right, p.x + reach);
+        bottom = std::max(bottom, p.y + reach);
+    }
+
+    int left = std::numeric_limits<int>::max();
+    int top = std::numeric_limits<int>::max();
+    int right = std::numeric_limits<int>::min();
+    int bottom = std::numeric_limits<int>::min();
+};
+
+// See ArcBounds.cpp.
+struct KeptBounds {
+    bool known = false;
+    std::vector<Bounds> of_arcs;
+    std::vector<Rectangle> of_nodes;
+};
+
 // What a gesture draws over the graph while it runs.
 struct Figure {
     enum class Kind { Nothing, Line, Box } kind = Kind::Nothing;
@@ -166,6 +193,7 @@ struct GraphState {
     // What stands in `selected_nodes` and `selected_arcs`.
     std::unordered_set<const void *> selected;
     SharedFonts fonts;
+    KeptBounds bounds;
     Figure figure;
     int figure_lifts = 0; // how often it was taken away for a drawing
     // What was erased since the outermost DamageRepair began.
@@ -310,6 +338,8 @@ void DrawArc(Widget arc);
 // Draws all arcs in a region, its clip set once for each GC.
 void DrawArcsInRegion(Widget graph, Region region);
 bool ArcIsInView(Widget graph, Widget arc);
+// Where it would paint now; nothing if it is detached. What drawing keeps of an arc is brought up to date.
+std::optional<Bounds> MeasureArc(Widget graph, Widget arc);
 bool HasBothEnds(Widget arc);
 // The end points in whole coordinates, as _GetPoints gives them; both ends must be set.
 Segment EndsOf(Widget arc);
@@ -319,6 +349,13 @@ void StoreEnds(Widget arc, const Segment &ends);
 
 void ArcRedisplay(Widget arc, XEvent *event, Region region);
 void ArcDispatchInput(Widget arc, XEvent *event, Mask mask);
+
+// ---- ArcBounds.cpp ----------------------------------------------------------------------------------------
+
+// For a change in `arcs`, in the children, or in what an arc looks like, but not for nodes that move.
+void ForgetArcBounds(Widget graph);
+// The arcs that may paint inside the box, in the order of `arcs`.
+std::vector<Widget> ArcsTouching(Widget graph, const XRectangle &box);
 
 // ---- Layout.cpp ------------------------------------------------------------------------------------------------
 

@@ -63,11 +63,10 @@ void RefreshGadgetsIn(Widget w, Region region) {
     XEvent event = ExposeEventFor(w, box);
     auto children = Children(w);
     for (Widget child : children.subspan(std::min<std::size_t>(1, children.size()))) {
-        if (!XmIsGadget(child) || !XtIsManaged(child) || IsBeingDestroyed(child)) {
-            continue;
-        }
+        // First what costs least and leaves most of them out.
         const Rectangle r = RectangleOf(child);
-        if (scrolled && !(Overlap(visible, r) && Overlap(box, r))) {
+        if (!Overlap(box, r) || (scrolled && !Overlap(visible, r)) || !XmIsGadget(child) ||
+            !XtIsManaged(child) || IsBeingDestroyed(child)) {
             continue;
         }
         XtExposeProc expose = XtClass(child)->core_class.expose;
@@ -423,6 +422,7 @@ void GraphRedisplay(Widget w, XEvent *event, Region region) {
 Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     const auto &old = GraphOf(current);
     auto &graph = GraphOf(new_w);
+    ForgetArcBounds(new_w);
     if (graph.ptr_cursor != old.ptr_cursor && HasWindow(new_w)) {
         XDefineCursor(XtDisplay(new_w), XtWindow(new_w), graph.ptr_cursor);
     }

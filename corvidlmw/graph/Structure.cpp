@@ -33,6 +33,7 @@ void DestroyNodes(Widget w, Cardinal first) {
 // The arcs leave the graph's list before they are destroyed. One that dies early, by a client's
 // callback, leaves a hole here.
 std::vector<TakenArc> TakeArcs(Widget w) {
+    ForgetArcBounds(w);
     auto &graph = GraphOf(w);
     std::vector<TakenArc> taken;
     taken.reserve(Arcs(w).size());
@@ -98,6 +99,7 @@ void MoveTo(Widget arc, NodePtr to) {
 }
 
 void MoveEnds(Widget graph, Widget arc, NodePtr from, NodePtr to) {
+    ForgetArcBounds(graph);
     const auto &part = ArcOf(arc);
     if (part.from != from->widget) {
         MoveFrom(arc, from);
