@@ -40,6 +40,14 @@ void _XmUnhighlightBorder(Widget w);
 // Moves a widget or gadget, and its drop site with it.
 void _XmMoveObject(Widget w, Position x, Position y);
 
+// Takes away the right and lower parts of a shadow that was drawn before a change of size.
+void _XmClearShadowType(Widget w, Dimension old_width, Dimension old_height,
+                        Dimension old_shadow_thickness, Dimension old_highlight_thickness);
+// At the edge of the widget's window, inside of the highlight.
+void _XmDrawShadowType(Widget w, unsigned int type, Dimension core_width, Dimension core_height,
+                       Dimension shadow_thickness, Dimension highlight_thickness, GC top,
+                       GC bottom);
+
 // The font for `tag`, or the first one. False without a core font, as in a table of Xft fonts.
 Boolean _XmFontListSearch(XmFontList table, XmStringCharSet tag, short *index, XFontStruct **font);
 
