@@ -88,8 +88,8 @@ Rectangle PlaceInCell(const Rectangle &cell, const Tenant &tenant, bool cuts,
                       std::optional<Point> previous) {
     Rectangle place = cell;
     const Point kept = previous.value_or(Point{cell.x, cell.y});
-    const int gravity = tenant.gravity - 1;
-    const bool known = gravity >= 0 && gravity < 9;
+    const bool known = tenant.gravity >= 1 && tenant.gravity <= 9;
+    const int gravity = known ? tenant.gravity - 1 : 0;
     if (!tenant.fills_width) {
         const int wanted = tenant.preferred_width;
         place.width = cuts ? std::min(cell.width, wanted) : wanted;
