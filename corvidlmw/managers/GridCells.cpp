@@ -177,10 +177,11 @@ void HandOver(Widget w, Widget occupant, int row, int column) {
 
 // ---- The tables -----------------------------------------------------------------------------------------
 
-template <typename T>
-T *Allocate(std::size_t count) {
-    return reinterpret_cast<T *>(
-        XtCalloc(static_cast<Cardinal>(count), static_cast<Cardinal>(sizeof(T))));
+XmGridSlot *NewSlots(int count, Dimension margin) {
+    auto *slots =
+        reinterpret_cast<XmGridSlot *>(XtCalloc(static_cast<Cardinal>(count), sizeof(XmGridSlot)));
+    std::fill_n(slots, count, XmGridSlot{new_weight, margin, 0});
+    return slots;
 }
 
 void CopySlots(Slots to, Slots from) {
@@ -222,13 +223,11 @@ int NumRectangles(Widget w) {
 } // namespace
 
 void CreateTables(XmGridPart &grid) {
-    grid.rows = Allocate<XmGridSlot>(RowsOf(grid).size());
-    grid.columns = Allocate<XmGridSlot>(ColumnsOf(grid).size());
-    grid.cells = Allocate<Widget>(CellsOf(grid).size());
-    grid.internal = nullptr;
-    const XmGridSlot slot = {new_weight, grid.default_spacing, 0};
-    std::fill_n(grid.rows, grid.num_rows, slot);
-    std::fill_n(grid.columns, grid.num_columns, slot);
+    grid.rows = NewSlots(grid.num_rows, grid.default_spacing);
+    grid.columns = NewSlots(grid.num_columns, grid.default_spacing);
+    grid.cells =
+        reinterpret_cast<Widget *>(XtCalloc(static_cast<Cardinal>(NumCells(grid)), sizeof(Widget)));
+    SetFirstCandidate(grid, 0);
 }
 
 void FreeTables(XmGridPart &grid) {

@@ -22,10 +22,6 @@ std::uint32_t SumOfMargins(ConstSlots slots) {
     return sum;
 }
 
-int EvenShare(std::int64_t left, std::int64_t slots) {
-    return left < slots ? 1 : static_cast<int>(left / slots);
-}
-
 // At the near side (0), in the middle (1), at the far side (2) of `extent`.
 int Align(int side, int start, int extent, int size) {
     const int rest = extent - size;
@@ -56,9 +52,13 @@ void DeriveWeights(Slots slots, Largest largest, int extent, int frame) {
         used += largest[i];
         sharing += largest[i] == 0;
     }
+    if (sharing == 0) {
+        return;
+    }
+    const auto share = std::max<std::int64_t>((extent - used) / sharing, 1);
     for (XmGridSlot &slot : slots) {
         if (slot.resizability == shares_evenly) {
-            slot.resizability = EvenShare(extent - used, sharing);
+            slot.resizability = static_cast<int>(share);
         }
     }
 }
