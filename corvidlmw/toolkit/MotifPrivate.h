@@ -40,6 +40,9 @@ void _XmUnhighlightBorder(Widget w);
 // Moves a widget or gadget, and its drop site with it.
 void _XmMoveObject(Widget w, Position x, Position y);
 
+// Gives a widget or gadget another size, a widget this border as well.
+void _XmResizeObject(Widget w, Dimension width, Dimension height, Dimension border_width);
+
 // Takes away the right and lower parts of a shadow that was drawn before a change of size.
 void _XmClearShadowType(Widget w, Dimension old_width, Dimension old_height,
                         Dimension old_shadow_thickness, Dimension old_highlight_thickness);
@@ -47,6 +50,13 @@ void _XmClearShadowType(Widget w, Dimension old_width, Dimension old_height,
 void _XmDrawShadowType(Widget w, unsigned int type, Dimension core_width, Dimension core_height,
                        Dimension shadow_thickness, Dimension highlight_thickness, GC top,
                        GC bottom);
+
+// The toolkit's own words for a pane's limits and a sash's parameters.
+extern const char *_XmMsgPanedW_0000; // paneMinimum must be positive
+extern const char *_XmMsgPanedW_0001; // paneMaximum must be positive
+extern const char *_XmMsgPanedW_0002; // paneMinimum must not be above paneMaximum
+extern const char *_XmMsgPanedW_0004; // too few parameters
+extern const char *_XmMsgPanedW_0005; // unknown first parameter
 
 // The font for `tag`, or the first one. False without a core font, as in a table of Xft fonts.
 Boolean _XmFontListSearch(XmFontList table, XmStringCharSet tag, short *index, XFontStruct **font);
