@@ -147,8 +147,6 @@ TEST_F(SpringBoxTest, HoldsChildrenOfAllKindsAndForgetsThoseThatDie) {
         for (WidgetClass kind :
              {xmLabelGadgetClass, xmPushButtonWidgetClass, xmTextFieldWidgetClass})
             made.push_back(XtVaCreateManagedWidget("child", kind, into, nullptr));
-        // The toolkit's manager keeps no list of such children, so they do not go with it.
-        XtDestroyWidget(XtCreateWidget("no rectangle", objectClass, into, nullptr, 0));
         return made;
     };
     MakeBox(XmNorientation, XmVERTICAL);
