@@ -452,7 +452,7 @@ Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList, Cardina
         part = old; // an orphan, which has no graph to be drawn on
         return False;
     }
-    ForgetArcBounds(XtParent(new_w));
+    ForgetArcIndex(XtParent(new_w));
     Widget old_from = old.from;
     Widget old_to = old.to;
     new_w->core.x = new_w->core.y = 0;

@@ -416,14 +416,15 @@ void DrawArc(Widget arc_widget) {
 
 // As each arc's own `expose` would with the region, but the clip is set once for each GC, and an arc that
 // paints nothing inside the region's box sends nothing.
-void DrawArcsInRegion(Widget graph, Region region) {
+void DrawArcsInRegion(Widget graph, Region region, const BoxIndex &painted) {
     if (!HasWindow(graph)) {
         return;
     }
     XRectangle box;
     XClipBox(region, &box);
     ClippedArcs clipped({XtDisplay(graph), XtWindow(graph)}, region);
-    for (Widget arc_widget : ArcsTouching(graph, box)) {
+    for (Widget arc_widget :
+         Touching(painted, Arcs(graph), {box.x, box.y, box.width, box.height})) {
         if (ArcIsInView(graph, arc_widget) && PrepareDrawing(arc_widget)) {
             const Shape shape = ShapeOf(arc_widget, ArcOf(arc_widget).sibling_rank);
             StoreEnds(arc_widget, shape.ends);
@@ -433,7 +434,7 @@ void DrawArcsInRegion(Widget graph, Region region) {
     }
 }
 
-std::optional<Bounds> MeasureArc(Widget graph, Widget arc_widget) {
+Bounds MeasureArc(Widget graph, Widget arc_widget) {
     if (!HasBothEnds(arc_widget)) {
         return {};
     }

@@ -167,7 +167,7 @@ namespace corvidlmw::graph {
 // ---- Siblings ------------------------------------------------------------------------------------------------------------
 
 void MakeSiblings(Widget existing, Widget arc) {
-    ForgetArcBounds(XtParent(arc));
+    ForgetArcIndex(XtParent(arc));
     auto &part = ArcOf(existing);
     if (!part.siblings) {
         part.siblings = reinterpret_cast<XmGraphNodeList *>(XtCalloc(1, sizeof(XmGraphNodeList)));
@@ -190,7 +190,7 @@ void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
     if (!part.siblings) {
         return;
     }
-    ForgetArcBounds(graph);
+    ForgetArcIndex(graph);
     std::vector<Widget> behind;
     if (redraw) {
         behind = ArcsBehind(arc);
@@ -333,7 +333,7 @@ void _SetupArcInternal(Widget graph, Widget arc) {
     if (twin) {
         MakeSiblings(twin, arc);
     }
-    ForgetArcBounds(graph);
+    ForgetArcIndex(graph);
     AppendArc(from->from_arcs, arc);
     AppendArc(to->to_arcs, arc);
     LinkNeighbours(graph, from, to, same_way != nullptr);

@@ -137,6 +137,18 @@ static_assert(XtNumber(resources) == 47);
 
 } // namespace
 
+// ---- Input ---------------------------------------------------------------------------------------
+
+// XmManager asks at each motion which gadget is below the pointer; its own answer walks all children.
+XmManagerClassExtRec manager_extension = {
+    .next_extension = nullptr,
+    .record_type = NULLQUARK,
+    .version = XmManagerClassExtVersion,
+    .record_size = sizeof(XmManagerClassExtRec),
+    .traversal_children = XmInheritTraversalChildrenProc,
+    .object_at_point = GadgetAt,
+};
+
 // ---- Class record --------------------------------------------------------------------------------
 
 extern "C" {
@@ -203,7 +215,7 @@ XmGraphClassRec xmGraphClassRec = {
             .syn_constraint_resources = nullptr,
             .num_syn_constraint_resources = 0,
             .parent_process = XmInheritParentProcess,
-            .extension = nullptr,
+            .extension = &manager_extension,
         },
     .graph_class = {.extension = nullptr},
 };
@@ -270,7 +282,7 @@ void ForgetObject(Widget w, Widget object) {
 }
 
 void RemoveFromArcs(Widget w, Widget arc) {
-    ForgetArcBounds(w);
+    ForgetArcIndex(w);
     const unsigned long serial = SerialOf(arc);
     auto arcs = Arcs(w);
     auto found = std::lower_bound(arcs.begin(), arcs.end(), serial,
@@ -500,7 +512,7 @@ void GetValuesHook(Widget w, ArgList args, Cardinal *num_args) {
 
 void InsertArc(Widget w, Widget arc) {
     auto &graph = GraphOf(w);
-    ForgetArcBounds(w);
+    ForgetArcIndex(w);
     XtAddCallback(arc, XmNdestroyCallback, destroy_arc_callback, nullptr);
     ArcOf(arc).internal = reinterpret_cast<XtPointer>(StateOf(w).next_arc_serial++);
     if (graph.num_arcs == graph.arcs_size) {
@@ -534,7 +546,7 @@ void InsertNode(Widget w, Widget child) {
     } else {
         XtAddCallback(child, XmNdestroyCallback, destroy_node_callback, w);
     }
-    ForgetArcBounds(w);
+    ForgetNodeIndex(w);
     ApplyEditMode(w, {&child, 1});
     const Cardinal position = InsertPosition(child);
     if (composite.num_children == composite.num_slots) {
@@ -592,7 +604,7 @@ void DeleteChild(Widget child) {
         RemoveFromArcs(w, child);
         return;
     }
-    ForgetArcBounds(w);
+    ForgetNodeIndex(w);
     auto children = Children(w);
     auto found = std::find(children.begin(), children.end(), child);
     if (found != children.end()) {

@@ -5,14 +5,14 @@
 #include <corvidlmw/toolkit/Toolkit.h>
 
 #include <corvidlmw/graph/ArcP.h>
+#include <corvidlmw/graph/BoxIndex.h>
 #include <corvidlmw/graph/GraphP.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <deque>
-#include <limits>
-#include <optional>
 #include <span>
 #include <unordered_map>
 #include <unordered_set>
@@ -145,29 +145,14 @@ struct SharedFont {
 };
 using SharedFonts = std::unordered_map<const void *, SharedFont>;
 
-// From the first to the last pixel, both inside.
-struct Bounds {
-    constexpr Bounds() = default;
-    Bounds(Point p, int reach) { Add(p, reach); }
-
-    void Add(Point p, int reach) {
-        left = std::min(left, p.x - reach);
-        top = std::min(top, p.y - reach);
-        right = std::max(right, p.x + reach);
-        bottom = std::max(bottom, p.y + reach);
-    }
-
-    int left = std::numeric_limits<int>::max();
-    int top = std::numeric_limits<int>::max();
-    int right = std::numeric_limits<int>::min();
-    int bottom = std::numeric_limits<int>::min();
-};
-
-// See ArcBounds.cpp.
-struct KeptBounds {
-    bool known = false;
-    std::vector<Bounds> of_arcs;
-    std::vector<Rectangle> of_nodes;
+// See PaintIndex.cpp.
+struct PaintIndex {
+    bool nodes_known = false;
+    bool arcs_known = false;
+    BoxIndex arcs;
+    BoxIndex nodes;
+    std::vector<std::uint64_t> geometries; // what the nodes' boxes were made from
+    std::vector<Widget> dragged;           // moved in a drag, and not in the boxes yet
 };
 
 // What a gesture draws over the graph while it runs.
@@ -193,7 +178,7 @@ struct GraphState {
     // What stands in `selected_nodes` and `selected_arcs`.
     std::unordered_set<const void *> selected;
     SharedFonts fonts;
-    KeptBounds bounds;
+    PaintIndex painted;
     Figure figure;
     int figure_lifts = 0; // how often it was taken away for a drawing
     // What was erased since the outermost DamageRepair began.
@@ -336,10 +321,10 @@ void UnveilArcs(Widget graph);
 // Draws as the class's `expose` does.
 void DrawArc(Widget arc);
 // Draws all arcs in a region, its clip set once for each GC.
-void DrawArcsInRegion(Widget graph, Region region);
+void DrawArcsInRegion(Widget graph, Region region, const BoxIndex &painted);
 bool ArcIsInView(Widget graph, Widget arc);
-// Where it would paint now; nothing if it is detached. What drawing keeps of an arc is brought up to date.
-std::optional<Bounds> MeasureArc(Widget graph, Widget arc);
+// Where it would paint now; nowhere if it is detached. What drawing keeps of an arc is brought up to date.
+Bounds MeasureArc(Widget graph, Widget arc);
 bool HasBothEnds(Widget arc);
 // The end points in whole coordinates, as _GetPoints gives them; both ends must be set.
 Segment EndsOf(Widget arc);
@@ -350,12 +335,20 @@ void StoreEnds(Widget arc, const Segment &ends);
 void ArcRedisplay(Widget arc, XEvent *event, Region region);
 void ArcDispatchInput(Widget arc, XEvent *event, Mask mask);
 
-// ---- ArcBounds.cpp ----------------------------------------------------------------------------------------
+// ---- PaintIndex.cpp ---------------------------------------------------------------------------------------
 
-// For a change in `arcs`, in the children, or in what an arc looks like, but not for nodes that move.
-void ForgetArcBounds(Widget graph);
-// The arcs that may paint inside the box, in the order of `arcs`.
-std::vector<Widget> ArcsTouching(Widget graph, const XRectangle &box);
+// For a change in the children, but not for nodes that move.
+void ForgetNodeIndex(Widget graph);
+// For a change in `arcs`, or in what an arc looks like.
+void ForgetArcIndex(Widget graph);
+// For each node that the graph moves.
+void NoteDragged(Widget graph, Widget node);
+// Up to date.
+const BoxIndex &NodeIndexOf(Widget graph);
+const PaintIndex &PaintIndexOf(Widget graph);
+// Those of `objects`, which the index numbers, that may paint inside the box; in their order.
+std::vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects,
+                             const Rectangle &box);
 
 // ---- Layout.cpp ------------------------------------------------------------------------------------------------
 
@@ -385,6 +378,8 @@ void DetachFromScrolledWindow(Widget graph);
 
 // ---- Redisplay.cpp -----------------------------------------------------------------------------------------------
 
+// Arcs, and the gadgets over them. An arc that is out of view by XmNshowCrossingArcs stays away.
+void PaintRegion(Widget graph, Region region);
 void GraphRedisplay(Widget graph, XEvent *event, Region region);
 Boolean GraphSetValues(Widget current, Widget request, Widget new_w, ArgList args,
                        Cardinal *num_args);
@@ -462,7 +457,7 @@ private:
 // ---- Repair.cpp ------------------------------------------------------------------------------------------------------
 
 // Clears and paints anew, within the window.
-void Repaint(Widget graph, Region region);
+void ClearAndPaint(Widget graph, Region region);
 void NoteDamage(Widget graph, const Rectangle &box);
 
 // Repaints at its end what was erased meanwhile.
@@ -482,6 +477,8 @@ private:
 
 extern XtActionsRec graph_actions[16];
 extern const char graph_translations[];
+// The topmost managed gadget at a point.
+Widget GadgetAt(Widget graph, Position x, Position y);
 // The node or arc that a gesture finds at the event's point; NULL for none.
 Widget PickObject(Widget graph, XEvent *event, bool with_arcs);
 

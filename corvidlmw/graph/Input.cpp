@@ -13,23 +13,8 @@ namespace {
 
 // ---- Picking -------------------------------------------------------------------------------------
 
-// The topmost managed gadget at the point: the last of the children that has it.
-Widget GadgetAt(Widget graph, int x, int y) {
-    auto children = Children(graph);
-    for (auto child = children.rbegin(); child != children.rend(); ++child) {
-        if (!XmIsGadget(*child) || !XtIsManaged(*child)) {
-            continue;
-        }
-        const Rectangle r = RectangleOf(*child);
-        if (x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height) {
-            return *child;
-        }
-    }
-    return nullptr;
-}
-
 Widget ObjectAt(Widget graph, int x, int y) {
-    Widget gadget = GadgetAt(graph, x, y);
+    Widget gadget = GadgetAt(graph, CutToPosition(x), CutToPosition(y));
     return gadget ? gadget : XmGraphInputOverArc(graph, x, y);
 }
 
@@ -107,7 +92,7 @@ void Button3Down(Widget w, XEvent *event, String *, Cardinal *) {
     const Window own = XtWindow(w);
     XmGraphCallbackStruct call_data{};
     call_data.event = event;
-    if (Widget gadget = GadgetAt(w, button.x, button.y)) {
+    if (Widget gadget = GadgetAt(w, CutToPosition(button.x), CutToPosition(button.y))) {
         call_data.reason = XmCR_BUTTON_OVER_GADGET;
         call_data.widget = gadget;
     } else if (button.window == own && (button.subwindow == None || button.subwindow == own)) {
@@ -123,6 +108,15 @@ void Button3Down(Widget w, XEvent *event, String *, Cardinal *) {
 } // namespace
 
 namespace corvidlmw::graph {
+
+// Later children lie over earlier ones.
+Widget GadgetAt(Widget w, Position x, Position y) {
+    Widget top = nullptr;
+    for (Widget child : Touching(NodeIndexOf(w), Children(w), {x, y, 1, 1})) {
+        top = XmIsGadget(child) && XtIsManaged(child) ? child : top;
+    }
+    return top;
+}
 
 // A window that is no child's is nothing.
 Widget PickObject(Widget w, XEvent *event, bool with_arcs) {
@@ -181,6 +175,6 @@ extern "C" Widget _XmGraphPickChild(Widget w, XEvent *event, Boolean with_arcs) 
     if (button.subwindow != None) {
         return XtWindowToWidget(XtDisplay(w), button.subwindow);
     }
-    Widget gadget = GadgetAt(w, button.x, button.y);
+    Widget gadget = GadgetAt(w, CutToPosition(button.x), CutToPosition(button.y));
     return gadget || !with_arcs ? gadget : XmGraphInputOverArc(w, button.x, button.y);
 }

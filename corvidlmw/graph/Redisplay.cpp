@@ -56,17 +56,15 @@ XEvent ExposeEventFor(Widget w, const Rectangle &box) {
     return event;
 }
 
-void RefreshGadgetsIn(Widget w, Region region) {
+void RefreshGadgetsIn(Widget w, Region region, const BoxIndex &painted) {
     const Rectangle box = ClipBoxOf(region);
     const Rectangle visible = VisibleRectangle(w);
     const bool scrolled = GraphOf(w).in_scrolled_window;
     XEvent event = ExposeEventFor(w, box);
-    auto children = Children(w);
-    for (Widget child : children.subspan(std::min<std::size_t>(1, children.size()))) {
-        // First what costs least and leaves most of them out.
+    for (Widget child : Touching(painted, Children(w), box)) {
         const Rectangle r = RectangleOf(child);
-        if (!Overlap(box, r) || (scrolled && !Overlap(visible, r)) || !XmIsGadget(child) ||
-            !XtIsManaged(child) || IsBeingDestroyed(child)) {
+        if ((scrolled && !Overlap(visible, r)) || !XmIsGadget(child) || !XtIsManaged(child) ||
+            IsBeingDestroyed(child)) {
             continue;
         }
         XtExposeProc expose = XtClass(child)->core_class.expose;
@@ -390,17 +388,23 @@ static void SettleCover(Widget w) {
     }
 }
 
-// Arcs first, and the gadgets over them. An arc that is out of view by XmNshowCrossingArcs stays away.
+void PaintRegion(Widget w, Region region) {
+    if (HasWindow(w) && !IsBeingDestroyed(w)) {
+        const PaintIndex &painted = PaintIndexOf(w);
+        DrawArcsInRegion(w, region, painted.arcs);
+        RefreshGadgetsIn(w, region, painted.nodes);
+    }
+}
+
 void GraphRedisplay(Widget w, XEvent *event, Region region) {
     SettleCover(w);
     const FigureLift lift(w);
     if (region) {
         // The figure moved on since the server cleared the region: what it left there is unknown.
         if (StateOf(w).figure.kind != Figure::Kind::Nothing) {
-            return Repaint(w, region);
+            return ClearAndPaint(w, region);
         }
-        DrawArcsInRegion(w, region);
-        _RefreshGadgets(w, region);
+        PaintRegion(w, region);
         return;
     }
     if (HasWindow(w)) {
@@ -422,7 +426,7 @@ void GraphRedisplay(Widget w, XEvent *event, Region region) {
 Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     const auto &old = GraphOf(current);
     auto &graph = GraphOf(new_w);
-    ForgetArcBounds(new_w);
+    ForgetArcIndex(new_w);
     if (graph.ptr_cursor != old.ptr_cursor && HasWindow(new_w)) {
         XDefineCursor(XtDisplay(new_w), XtWindow(new_w), graph.ptr_cursor);
     }
@@ -456,9 +460,9 @@ extern "C" void _RefreshGadgets(Widget w, Region region) {
         return;
     }
     if (region) {
-        RefreshGadgetsIn(w, region);
+        RefreshGadgetsIn(w, region, NodeIndexOf(w));
         return;
     }
     const OwnedRegion visible = RegionOf(VisibleRectangle(w));
-    RefreshGadgetsIn(w, visible.get());
+    RefreshGadgetsIn(w, visible.get(), NodeIndexOf(w));
 }

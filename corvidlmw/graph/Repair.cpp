@@ -43,7 +43,7 @@ void RepaintBoxes(Widget w, const std::vector<Rectangle> &boxes) {
         }
     }
     if (!XEmptyRegion(region.get())) {
-        Repaint(w, region.get());
+        ClearAndPaint(w, region.get());
     }
 }
 
@@ -51,13 +51,12 @@ void RepaintBoxes(Widget w, const std::vector<Rectangle> &boxes) {
 
 namespace corvidlmw::graph {
 
-void Repaint(Widget w, Region region) {
+void ClearAndPaint(Widget w, Region region) {
     const FigureLift lift(w);
     for (const XRectangle &r : RectanglesOf(region)) {
         XClearArea(XtDisplay(w), XtWindow(w), r.x, r.y, r.width, r.height, False);
     }
-    DrawArcsInRegion(w, region);
-    _RefreshGadgets(w, region);
+    PaintRegion(w, region);
 }
 
 void NoteDamage(Widget w, const Rectangle &box) {

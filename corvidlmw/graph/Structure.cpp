@@ -33,7 +33,7 @@ void DestroyNodes(Widget w, Cardinal first) {
 // The arcs leave the graph's list before they are destroyed. One that dies early, by a client's
 // callback, leaves a hole here.
 std::vector<TakenArc> TakeArcs(Widget w) {
-    ForgetArcBounds(w);
+    ForgetArcIndex(w);
     auto &graph = GraphOf(w);
     std::vector<TakenArc> taken;
     taken.reserve(Arcs(w).size());
@@ -99,7 +99,7 @@ void MoveTo(Widget arc, NodePtr to) {
 }
 
 void MoveEnds(Widget graph, Widget arc, NodePtr from, NodePtr to) {
-    ForgetArcBounds(graph);
+    ForgetArcIndex(graph);
     const auto &part = ArcOf(arc);
     if (part.from != from->widget) {
         MoveFrom(arc, from);
@@ -376,6 +376,7 @@ Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
         EraseArcs(node->to_arcs);
     }
     _XmMoveObject(node_widget, x, y);
+    NoteDragged(w, node_widget);
     if (managed) {
         DrawArcs(node->from_arcs);
         DrawArcs(node->to_arcs);
@@ -389,6 +390,7 @@ Boolean XmGraphMoveNodeQuietly(Widget w, Widget node, Position x, Position y) {
         !NodeOf(node)) {
         return True;
     }
+    NoteDragged(w, node);
     x = std::max<Position>(x, 0);
     y = std::max<Position>(y, 0);
     const FigureLift lift(w);

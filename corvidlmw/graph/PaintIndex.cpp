@@ -1,0 +1,170 @@
+// Where each arc and each node paints, kept from one redisplay to the next, so that an exposure of a few
+// pixels has to do with a few of them.
+//
+// The indices run parallel to `arcs` and to the children. Whoever changes a list, or what an arc looks like,
+// calls one of the two that forget. Nobody tells of nodes that move: the toolkit may move a gadget without a word. So
+// each question first compares all nodes with the places that it knows, which is one read of each. While the
+// user drags nodes only those are looked at that the graph itself has moved: the release redraws all.
+
+#include <corvidlmw/graph/GraphI.h>
+
+#include <cstring>
+
+using namespace corvidlmw;
+using namespace corvidlmw::graph;
+
+namespace {
+
+// A child's place and size as they stand in its record, in one piece.
+std::uint64_t GeometryOf(Widget child) {
+    static_assert(offsetof(CorePart, height) == offsetof(CorePart, x) + 6);
+    std::uint64_t geometry;
+    std::memcpy(&geometry, &child->core.x, sizeof geometry);
+    return geometry;
+}
+
+void MeasureArcAt(Widget w, std::size_t at) {
+    StateOf(w).painted.arcs.Set(at, MeasureArc(w, Arcs(w)[at]));
+}
+
+// `arcs` is sorted by serial numbers.
+void MeasureArcsOf(Widget w, const XmGraphNodeList &arcs_of_node) {
+    auto arcs = Arcs(w);
+    for (Widget arc : Widgets(arcs_of_node)) {
+        auto found =
+            std::lower_bound(arcs.begin(), arcs.end(), SerialOf(arc),
+                             [](Widget a, unsigned long serial) { return SerialOf(a) < serial; });
+        if (found != arcs.end() && *found == arc) {
+            MeasureArcAt(w, static_cast<std::size_t>(found - arcs.begin()));
+        }
+    }
+}
+
+void PlaceNode(Widget w, std::size_t at) {
+    auto &painted = StateOf(w).painted;
+    Widget child = Children(w)[at];
+    painted.geometries[at] = GeometryOf(child);
+    painted.nodes.Set(at, Bounds(RectangleOf(child)));
+}
+
+void PlaceAllNodes(Widget w) {
+    auto &painted = StateOf(w).painted;
+    painted.geometries.resize(Children(w).size());
+    painted.nodes.Reset(Children(w).size());
+    for (std::size_t i = 0; i < painted.nodes.size(); i++) {
+        PlaceNode(w, i);
+    }
+    painted.nodes_known = true;
+    painted.arcs_known = false;
+}
+
+void MeasureAllArcs(Widget w) {
+    auto &painted = StateOf(w).painted;
+    painted.arcs.Reset(Arcs(w).size());
+    for (std::size_t i = 0; i < painted.arcs.size(); i++) {
+        MeasureArcAt(w, i);
+    }
+    painted.arcs_known = true;
+}
+
+bool IsDraggingNodes(const XmGraphPart &graph) {
+    return graph.gesture_state == GESTURE_MOVE_NODE ||
+           graph.gesture_state == GESTURE_MOVE_SELECTION;
+}
+
+std::vector<std::size_t> DraggedNodes(Widget w) {
+    auto children = Children(w);
+    std::vector<std::size_t> moved;
+    for (Widget node : StateOf(w).painted.dragged) {
+        auto found = std::find(children.begin(), children.end(), node);
+        if (found != children.end()) {
+            moved.push_back(static_cast<std::size_t>(found - children.begin()));
+        }
+    }
+    return moved;
+}
+
+// The children whose place is not the known one; but no more than `most` of them.
+std::vector<std::size_t> MovedNodes(Widget w, std::size_t most) {
+    const auto &known = StateOf(w).painted.geometries;
+    auto children = Children(w);
+    std::vector<std::size_t> moved;
+    for (std::size_t i = 0; i < children.size() && moved.size() < most; i++) {
+        if (GeometryOf(children[i]) != known[i]) {
+            moved.push_back(i);
+        }
+    }
+    return moved;
+}
+
+void PlaceWhatMoved(Widget w) {
+    auto &painted = StateOf(w).painted;
+    const std::size_t many = Children(w).size() / 8 + 1;
+    const std::vector<std::size_t> moved =
+        IsDraggingNodes(GraphOf(w)) ? DraggedNodes(w) : MovedNodes(w, many);
+    painted.dragged.clear();
+    if (moved.size() >= many) {
+        return PlaceAllNodes(w);
+    }
+    for (std::size_t at : moved) {
+        PlaceNode(w, at);
+        NodePtr node = NodeOf(Children(w)[at]);
+        if (node && painted.arcs_known) {
+            MeasureArcsOf(w, node->from_arcs);
+            MeasureArcsOf(w, node->to_arcs);
+        }
+    }
+}
+
+} // namespace
+
+namespace corvidlmw::graph {
+
+void ForgetNodeIndex(Widget w) {
+    StateOf(w).painted.nodes_known = false;
+}
+
+void ForgetArcIndex(Widget w) {
+    StateOf(w).painted.arcs_known = false;
+}
+
+void NoteDragged(Widget w, Widget node) {
+    auto &painted = StateOf(w).painted;
+    if (!IsDraggingNodes(GraphOf(w)) || !painted.nodes_known) {
+        return;
+    }
+    // Without a window nobody asks.
+    if (painted.dragged.size() > Children(w).size()) {
+        painted.dragged.clear();
+        ForgetNodeIndex(w);
+    }
+    painted.dragged.push_back(node);
+}
+
+const BoxIndex &NodeIndexOf(Widget w) {
+    const auto &painted = StateOf(w).painted;
+    if (painted.nodes_known && painted.nodes.size() == Children(w).size()) {
+        PlaceWhatMoved(w);
+    } else {
+        PlaceAllNodes(w);
+    }
+    return painted.nodes;
+}
+
+const PaintIndex &PaintIndexOf(Widget w) {
+    NodeIndexOf(w);
+    const auto &painted = StateOf(w).painted;
+    if (!painted.arcs_known || painted.arcs.size() != Arcs(w).size()) {
+        MeasureAllArcs(w);
+    }
+    return painted;
+}
+
+std::vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects,
+                             const Rectangle &box) {
+    std::vector<Widget> touching;
+    index.ForEachTouching(Bounds(box), [&](std::size_t i) { touching.push_back(objects[i]); });
+    return touching;
+}
+
+} // namespace corvidlmw::graph
