@@ -22,6 +22,8 @@ struct Bounds {
     void Add(Point p, int reach) { Add({p.x - reach, p.y - reach}, {p.x + reach, p.y + reach}); }
     void Add(const Bounds &b) { Add({b.left, b.top}, {b.right, b.bottom}); }
 
+    friend bool operator==(const Bounds &, const Bounds &) = default;
+
     bool Touches(const Bounds &b) const {
         return left <= b.right && right >= b.left && top <= b.bottom && bottom >= b.top;
     }
@@ -47,6 +49,7 @@ public:
         runs_.assign((count + run_length - 1) / run_length, {});
     }
     std::size_t size() const { return boxes_.size(); }
+    const Bounds &operator[](std::size_t i) const { return boxes_[i]; }
 
     void Set(std::size_t i, const Bounds &bounds) {
         boxes_[i] = bounds;

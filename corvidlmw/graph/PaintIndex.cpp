@@ -8,6 +8,7 @@
 
 #include <corvidlmw/graph/GraphI.h>
 
+#include <cassert>
 #include <cstring>
 
 using namespace corvidlmw;
@@ -116,6 +117,17 @@ void PlaceWhatMoved(Widget w) {
     }
 }
 
+// For the assertion: of a few arcs only, and not while a drag looks at its own nodes alone.
+[[maybe_unused]] bool Agrees(Widget w) {
+    const auto &painted = StateOf(w).painted;
+    for (std::size_t i = 0; i < std::min<std::size_t>(painted.arcs.size(), 100); i++) {
+        if (painted.arcs[i] != MeasureArc(w, Arcs(w)[i])) {
+            return IsDraggingNodes(GraphOf(w));
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 namespace corvidlmw::graph {
@@ -157,6 +169,7 @@ const PaintIndex &PaintIndexOf(Widget w) {
     if (!painted.arcs_known || painted.arcs.size() != Arcs(w).size()) {
         MeasureAllArcs(w);
     }
+    assert(Agrees(w));
     return painted;
 }
 
