@@ -186,6 +186,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
     board.old_width = new_w->core.width;
     board.old_height = new_w->core.height;
     board.old_shadow_thickness = ManagerOf(new_w).shadow_thickness;
+    GridOf(new_w).internal = new GridState;
     CreateTables(GridOf(new_w));
 }
 
@@ -202,7 +203,10 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
 }
 
 void Destroy(Widget w) {
-    FreeTables(GridOf(w));
+    auto &grid = GridOf(w);
+    FreeTables(grid);
+    delete &StateOf(grid);
+    grid.internal = nullptr;
 }
 
 // ---- Changes of the grid's resources ---------------------------------------------------------------

@@ -19,16 +19,6 @@ namespace {
 
 constexpr int new_weight = 100;
 
-// Below it no cell is empty. It saves the search for an empty cell from the beginning, which a table
-// that is being filled would pay for each child.
-int FirstCandidate(const XmGridPart &grid) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(grid.internal));
-}
-
-void SetFirstCandidate(XmGridPart &grid, int index) {
-    grid.internal = reinterpret_cast<XtPointer>(static_cast<std::intptr_t>(index));
-}
-
 void AddToCellsOf(Widget child, int cells) {
     auto &internal = ConstraintOf(child).internal;
     internal = reinterpret_cast<XtPointer>(reinterpret_cast<std::intptr_t>(internal) + cells);
@@ -58,7 +48,8 @@ std::optional<int> CellNamed(const XmGridPart &grid, int row, int column) {
 void Empty(XmGridPart &grid, int cell) {
     AddToCellsOf(grid.cells[cell], -1);
     grid.cells[cell] = nullptr;
-    SetFirstCandidate(grid, std::min(FirstCandidate(grid), cell));
+    int &candidate = StateOf(grid).first_candidate;
+    candidate = std::min(candidate, cell);
 }
 
 // The child leaves all other cells: it can be seen in one only.
@@ -82,8 +73,9 @@ std::optional<int> FirstEmpty(const XmGridPart &grid, int begin, int end) {
 }
 
 std::optional<int> FirstEmptyOfAll(XmGridPart &grid) {
-    const auto cell = FirstEmpty(grid, FirstCandidate(grid), NumCells(grid));
-    SetFirstCandidate(grid, cell.value_or(NumCells(grid)));
+    int &candidate = StateOf(grid).first_candidate;
+    const auto cell = FirstEmpty(grid, candidate, NumCells(grid));
+    candidate = cell.value_or(NumCells(grid));
     return cell;
 }
 
@@ -227,7 +219,7 @@ void CreateTables(XmGridPart &grid) {
     grid.columns = NewSlots(grid.num_columns, grid.default_spacing);
     grid.cells =
         reinterpret_cast<Widget *>(XtCalloc(static_cast<Cardinal>(NumCells(grid)), sizeof(Widget)));
-    SetFirstCandidate(grid, 0);
+    StateOf(grid).first_candidate = 0;
 }
 
 void FreeTables(XmGridPart &grid) {

@@ -17,6 +17,18 @@ inline XmGridPart &GridOf(Widget grid) {
     return reinterpret_cast<XmGridWidget>(grid)->grid;
 }
 
+struct GridState {
+    // Below it no cell is empty. It saves the search for an empty cell from the beginning, which a
+    // table that is being filled would pay for each child.
+    int first_candidate = 0;
+    // At the last change of the managed set.
+    int managed_gadgets = 0;
+};
+
+inline GridState &StateOf(XmGridPart &grid) {
+    return *static_cast<GridState *>(grid.internal);
+}
+
 inline XmGridConstraintPart &ConstraintOf(Widget child) {
     return reinterpret_cast<XmGridConstraintPtr>(child->core.constraints)->grid;
 }

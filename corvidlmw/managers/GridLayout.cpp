@@ -7,6 +7,7 @@
 #include <corvidlmw/managers/GridI.h>
 
 #include <Xm/DrawP.h>
+#include <Xm/DropSMgr.h>
 
 #include <algorithm>
 #include <vector>
@@ -79,17 +80,80 @@ Tenant TenantOf(Widget child) {
             .border = child->core.border_width};
 }
 
-// What the toolkit would find unchanged after a look at the drop sites is not handed to it. A size of
-// 0 means something else to it.
-void Configure(Widget child, const Rectangle &place) {
-    const Rectangle cut = {CutToPosition(place.x), CutToPosition(place.y),
-                           CutToDimension(place.width), CutToDimension(place.height)};
-    if (cut != RectangleOf(child) || cut.width == 0 || cut.height == 0) {
-        XmeConfigureObject(child, static_cast<Position>(cut.x), static_cast<Position>(cut.y),
-                           static_cast<Dimension>(cut.width), static_cast<Dimension>(cut.height),
-                           child->core.border_width);
+Rectangle Union(const Rectangle &a, const Rectangle &b) {
+    if (a.width == 0) {
+        return b;
     }
+    const int x = std::min(a.x, b.x);
+    const int y = std::min(a.y, b.y);
+    return {x, y, std::max(a.x + a.width, b.x + b.width) - x,
+            std::max(a.y + a.height, b.y + b.height) - y};
 }
+
+// Moves the children of one layout. The toolkit would clear the old and the new place of each gadget,
+// and join the exposures that come back to one region, in quadratic time. Here gadgets move in their
+// records, and all that they left and took is cleared at once in the end.
+class Placing {
+public:
+    explicit Placing(Widget w) : w_(w) { XmDropSiteStartUpdate(w); }
+    ~Placing() {
+        XmDropSiteEndUpdate(w_);
+        Clear();
+    }
+    Placing(const Placing &) = delete;
+    Placing &operator=(const Placing &) = delete;
+
+    void Place(Widget child, const Rectangle &place) {
+        const Rectangle cut = {CutToPosition(place.x), CutToPosition(place.y),
+                               CutToDimension(place.width), CutToDimension(place.height)};
+        if (cut.width == 0 || cut.height == 0) {
+            XmeConfigureObject(child, X(cut), Y(cut), Width(cut), Height(cut),
+                               child->core.border_width);
+        } else if (cut != RectangleOf(child)) {
+            XtIsWidget(child) ? XtConfigureWidget(child, X(cut), Y(cut), Width(cut), Height(cut),
+                                                  child->core.border_width)
+                              : MoveGadget(child, cut);
+        }
+    }
+
+private:
+    static Position X(const Rectangle &r) { return static_cast<Position>(r.x); }
+    static Position Y(const Rectangle &r) { return static_cast<Position>(r.y); }
+    static Dimension Width(const Rectangle &r) { return static_cast<Dimension>(r.width); }
+    static Dimension Height(const Rectangle &r) { return static_cast<Dimension>(r.height); }
+
+    void MoveGadget(Widget gadget, const Rectangle &place) {
+        const Rectangle before = RectangleOf(gadget);
+        gadget->core.x = X(place);
+        gadget->core.y = Y(place);
+        gadget->core.width = Width(place);
+        gadget->core.height = Height(place);
+        if (XtIsManaged(gadget)) {
+            stale_ = Union(Union(stale_, before), place);
+        }
+        const XtWidgetProc resize = XtClass(gadget)->core_class.resize;
+        if (resize && (before.width != place.width || before.height != place.height)) {
+            resize(gadget);
+        }
+    }
+
+    void Clear() {
+        if (stale_.width == 0 || !HasWindow(w_)) {
+            return;
+        }
+        const int x = std::max(stale_.x, 0);
+        const int y = std::max(stale_.y, 0);
+        const int width = std::min(stale_.x + stale_.width, +w_->core.width) - x;
+        const int height = std::min(stale_.y + stale_.height, +w_->core.height) - y;
+        if (width > 0 && height > 0) {
+            XClearArea(XtDisplay(w_), XtWindow(w_), x, y, static_cast<unsigned>(width),
+                       static_cast<unsigned>(height), True);
+        }
+    }
+
+    Widget w_;
+    Rectangle stale_;
+};
 
 // Configuring a child runs its resize method, and what that calls may come back and lay out anew or
 // rebuild the tables: all is read from the record again for each child.
@@ -97,6 +161,7 @@ void PlaceChildren(Widget w) {
     auto &grid = GridOf(w);
     const int start = ManagerOf(w).shadow_thickness + w->core.border_width;
     const bool cuts = BoardOf(w).resize_policy != XmRESIZE_NONE;
+    Placing placing(w);
     std::optional<Point> previous;
     int y = start;
     for (int row = 0; row < grid.num_rows; ++row) {
@@ -110,13 +175,33 @@ void PlaceChildren(Widget w) {
             if (child && !IsBeingDestroyed(child)) {
                 const Rectangle place = PlaceInCell(cell, TenantOf(child), cuts, previous);
                 previous = {place.x, place.y};
-                Configure(child, place);
+                placing.Place(child, place);
             }
         }
         if (row < grid.num_rows) {
             y = Advance(y, grid.rows[row].size + grid.rows[row].margin);
         }
     }
+}
+
+// ---- Children that come -----------------------------------------------------------------------------
+
+int CountManagedGadgets(Widget w) {
+    const std::span children(ChildrenOf(w), NumChildrenOf(w));
+    return static_cast<int>(std::count_if(children.begin(), children.end(), [](Widget child) {
+        return child && XtIsRectObj(child) && !XtIsWidget(child) && XtIsManaged(child);
+    }));
+}
+
+// The toolkit is about to clear the place of each new gadget. Where these are many, one exposure of
+// all that comes first saves the joining of the many, as in Placing.
+void ExposeNewGadgets(Widget w) {
+    int &before = StateOf(GridOf(w)).managed_gadgets;
+    const int now = CountManagedGadgets(w);
+    if (now > before + 1 && HasWindow(w)) {
+        XClearArea(XtDisplay(w), XtWindow(w), 0, 0, 0, 0, True);
+    }
+    before = now;
 }
 
 // ---- Requests -------------------------------------------------------------------------------------
@@ -216,6 +301,7 @@ void GridChangeManaged(Widget w) {
     AdjustSize(w);
     ComputeAuto(w);
     PositionChildren(w);
+    ExposeNewGadgets(w);
     RedrawWholly(w);
     XmeNavigChangeManaged(w);
 }

@@ -347,6 +347,34 @@ TEST_F(GridTest, ShowsItsMarginsBelowItsGadgets) {
     EXPECT_EQ(Picture::Of(grid), plain);
 }
 
+// The grid clears what gadgets leave and take itself: a redraw of everything must show the same.
+TEST_F(GridTest, GadgetsThatMoveLeaveNoTrace) {
+    Random random;
+    Widget grid = MakeGrid(3, 3);
+    std::vector<Widget> gadgets;
+    for (int i = 0; i < 7; ++i)
+        gadgets.push_back(XtVaCreateWidget(("label " + std::to_string(i)).c_str(),
+                                           xmLabelGadgetClass, grid, XmNresizeHorizontal, i % 2,
+                                           nullptr));
+    Show();
+    XtManageChildren(gadgets.data(), 7);
+    for (int step = 0; step < 30 && !HasFailure(); ++step) {
+        Widget gadget = gadgets[static_cast<size_t>(random.Between(0, 6))];
+        if (random.Chance(0.4))
+            SetLabel(gadget, random.Chance(0.5) ? "x" : "another text");
+        else if (random.Chance(0.5))
+            XtVaSetValues(gadget, XmNrow, random.Between(0, 2), XmNcolumn, random.Between(0, 2),
+                          nullptr);
+        else
+            XtIsManaged(gadget) ? XtUnmanageChild(gadget) : XtManageChild(gadget);
+        Pump();
+        const Picture shown = Picture::Of(grid);
+        XClearArea(display, XtWindow(grid), 0, 0, 0, 0, True);
+        Pump();
+        EXPECT_TRUE(SamePicture(Picture::Of(grid), shown)) << step;
+    }
+}
+
 // The shadow follows the size, also inwards, where the server exposes nothing.
 TEST_F(GridTest, TheShadowFollowsTheSize) {
     Widget board = XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell, nullptr);

@@ -1,0 +1,243 @@
+/* Measures the managers beside what a user would pick instead, on a private X server, and prints a
+ * table and whether the goals are met. */
+
+#include <bench/graph/Process.h>
+
+#include <tests/support/XServer.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <tuple>
+#include <unistd.h>
+
+using namespace corvidlmw;
+using namespace corvidlmw::bench;
+
+namespace {
+
+// ---- What is measured ------------------------------------------------------------------------------
+
+struct Family {
+    const char *title;
+    std::vector<const char *> subjects; // ours first
+    std::vector<int> counts;
+};
+
+const std::vector<Family> families = {
+    {"label gadgets in a table", {"grid", "form-by-position", "row-column"}, {100, 900}},
+};
+
+constexpr const char *case_names[] = {"create", "manage", "resize", "ask", "drag", "destroy"};
+
+struct Cost {
+    double seconds = 0;
+    double instructions = 0;
+    double requests = 0;
+    double round_trips = 0;
+};
+
+struct Goal {
+    const char *subject, *peer; // the cheapest of several peers, parted by blanks
+    int count;
+    const char *case_name;
+    const char *what;
+    double Cost::*field;
+    double limit;
+};
+
+const std::vector<Goal> goals = {
+    {"grid", "form-by-position", 900, "manage", "instructions", &Cost::instructions, 0.6},
+    {"grid", "form-by-position", 900, "resize", "instructions", &Cost::instructions, 0.8},
+    {"grid", "form-by-position", 900, "ask", "CPU", &Cost::seconds, 0.15},
+};
+
+constexpr const char *legend = R"(
+create   the manager and its children, not yet managed
+manage   all children in one call, in a manager that is on the screen
+resize   the manager becomes larger or smaller
+ask      one child gets another label
+drag     one sash, by the pointer
+destroy  the manager with all
+Each until nothing is left to do. -: there is no such case.
+)";
+
+// ---- Measuring -------------------------------------------------------------------------------------
+
+using Key = std::tuple<std::string, int, std::string>; // subject, children, case
+using Results = std::map<Key, Cost>;
+
+constexpr std::chrono::seconds patience{180};
+
+std::optional<Cost> Find(const Results &results, const std::string &subject, int count,
+                         const std::string &case_name) {
+    const auto found = results.find({subject, count, case_name});
+    return found == results.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool MeasureTimes(Results &results, const std::string &program, const std::string &subject,
+                  int count) {
+    const Output output = RunProgram({program, subject, std::to_string(count), "often"}, patience);
+    for (const std::string &line : output.lines) {
+        std::istringstream stream(line);
+        std::string name;
+        Cost cost;
+        if (stream >> name >> cost.seconds >> cost.requests >> cost.round_trips) {
+            results[{subject, count, name}] = cost;
+        }
+    }
+    return !output.failed;
+}
+
+// A profile names the case that it was dumped for, and ends with the sum of all costs.
+void TakeProfile(Results &results, const std::string &subject, int count,
+                 const std::filesystem::path &profile) {
+    constexpr std::string_view case_key = "desc: Trigger: Client Request: ";
+    constexpr std::string_view sum_key = "totals: ";
+    std::ifstream file(profile);
+    std::string name;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(case_key)) {
+            name = line.substr(case_key.size());
+        } else if (const auto found = results.find({subject, count, name});
+                   line.starts_with(sum_key) && found != results.end()) {
+            found->second.instructions = std::stod(line.substr(sum_key.size()));
+        }
+    }
+}
+
+bool CountInstructions(Results &results, const std::string &program, const std::string &subject,
+                       int count) {
+    const auto directory =
+        std::filesystem::temp_directory_path() / ("bench-managers-" + std::to_string(getpid()));
+    std::filesystem::create_directories(directory);
+    const Output output =
+        RunProgram({"valgrind", "--quiet", "--tool=callgrind", "--collect-atstart=no",
+                    "--callgrind-out-file=" + (directory / "profile").string(), program, subject,
+                    std::to_string(count), "once"},
+                   patience);
+    for (const auto &entry : std::filesystem::directory_iterator(directory)) {
+        TakeProfile(results, subject, count, entry.path());
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(directory, ignored);
+    return !output.failed;
+}
+
+std::optional<Results> MeasureAll(const std::string &program) {
+    Results results;
+    for (const Family &family : families) {
+        for (const char *subject : family.subjects) {
+            for (const int count : family.counts) {
+                std::cerr << "bench: " << subject << ' ' << count << '\n';
+                if (!MeasureTimes(results, program, subject, count) ||
+                    !CountInstructions(results, program, subject, count)) {
+                    return {};
+                }
+            }
+        }
+    }
+    return results;
+}
+
+// ---- Printing --------------------------------------------------------------------------------------
+
+void PrintRow(const Results &results, const Family &family, const char *case_name, int count) {
+    for (const char *subject : family.subjects) {
+        const auto cost = Find(results, subject, count, case_name);
+        if (cost) {
+            std::printf("%-8s %-18s %5d %11.0f %13.0f %9.0f %6.0f\n", case_name, subject, count,
+                        cost->seconds * 1e6, cost->instructions, cost->requests, cost->round_trips);
+        }
+    }
+}
+
+void PrintTable(const Results &results) {
+    for (const Family &family : families) {
+        std::printf("\n%s\n%-8s %-18s %5s %11s %13s %9s %6s\n", family.title, "case", "manager",
+                    "n", "cpu us", "instructions", "requests", "trips");
+        for (const char *case_name : case_names) {
+            for (const int count : family.counts) {
+                PrintRow(results, family, case_name, count);
+            }
+        }
+    }
+    std::fputs(legend, stdout);
+}
+
+void PrintVerdict(const std::string &what, double value, double limit) {
+    std::printf("  %-8s %-62s %8.4f  goal <= %.2f\n",
+                std::isnan(value) ? "no value"
+                : value <= limit  ? "met"
+                                  : "MISSED",
+                what.c_str(), value, limit);
+}
+
+double CheapestPeer(const Results &results, const Goal &goal) {
+    std::istringstream peers(goal.peer);
+    double least = NAN;
+    for (std::string peer; peers >> peer;) {
+        if (const auto cost = Find(results, peer, goal.count, goal.case_name)) {
+            least = std::fmin(least, (*cost).*goal.field);
+        }
+    }
+    return least;
+}
+
+void PrintGoals(const Results &results) {
+    std::printf("\nOurs : theirs\n");
+    for (const Goal &goal : goals) {
+        const auto ours = Find(results, goal.subject, goal.count, goal.case_name);
+        PrintVerdict(std::string(goal.subject) + " : " + goal.peer + ", " +
+                         std::to_string(goal.count) + ", " + goal.case_name + ": " + goal.what,
+                     ours ? (*ours).*goal.field / CheapestPeer(results, goal) : NAN, goal.limit);
+    }
+}
+
+// e in instructions = c * n^e, and the round trips that more children cost.
+void PrintGrowth(const Results &results) {
+    std::printf("\nGrowth from the fewest to the most children\n");
+    for (const Family &family : families) {
+        const char *subject = family.subjects.front();
+        const int few = family.counts.front();
+        const int many = family.counts.back();
+        for (const char *case_name : case_names) {
+            const auto a = Find(results, subject, few, case_name);
+            const auto b = Find(results, subject, many, case_name);
+            if (!a || !b) {
+                continue;
+            }
+            const std::string what = std::string(subject) + ", " + case_name;
+            if (std::string_view(case_name) == "manage") {
+                PrintVerdict(what + ": exponent of the instructions",
+                             std::log(b->instructions / a->instructions) /
+                                 std::log(static_cast<double>(many) / few),
+                             1.1);
+            }
+            PrintVerdict(what + ": more round trips", b->round_trips - a->round_trips, 0);
+        }
+    }
+}
+
+} // namespace
+
+int main() {
+    setenv("DISPLAY", test::XServer::Instance().name().c_str(), 1);
+    const auto program =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "bench-managers-subject";
+    const auto results = MeasureAll(program.string());
+    if (!results) {
+        std::cerr << "bench: a measurement failed\n";
+        return EXIT_FAILURE;
+    }
+    PrintTable(*results);
+    PrintGoals(*results);
+    PrintGrowth(*results);
+    return EXIT_SUCCESS;
+}
