@@ -73,4 +73,22 @@ void _XmStringExtent(XmFontList table, _XmString string, Dimension *width, Dimen
 void _XmStringDraw(Display *display, Window window, XmFontList table, _XmString string, GC gc,
                    Position x, Position y, Dimension width, unsigned char alignment,
                    unsigned char direction, XRectangle *clip);
+
+// The default background, as a resource's default procedure.
+void _XmBackgroundColorDefault(Widget w, int offset, XrmValue *value);
+
+// Hands an event over to the action of the manager `parent`, such as the cancelling of its dialog.
+Boolean _XmParentProcess(Widget parent, XmParentProcessData data);
+
+// Texts of warnings about scroll bars.
+extern const char *_XmMsgScaleScrBar_0004; // processingDirection does not fit
+extern const char *_XmMsgScrollBar_0000;   // minimum is not below maximum
+extern const char *_XmMsgScrollBar_0001;   // sliderSize is below 1
+extern const char *_XmMsgScrollBar_0002;   // value is below minimum
+extern const char *_XmMsgScrollBar_0003;   // value is above maximum - sliderSize
+extern const char *_XmMsgScrollBar_0004;   // increment is below 1
+extern const char *_XmMsgScrollBar_0005;   // pageIncrement is below 1
+extern const char *_XmMsgScrollBar_0006;   // initialDelay is below 1
+extern const char *_XmMsgScrollBar_0007;   // repeatDelay is below 1
+extern const char *_XmMsgScrollBar_0008;   // sliderSize is above maximum - minimum
 }
