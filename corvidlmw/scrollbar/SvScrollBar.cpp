@@ -278,10 +278,15 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     XtCreateWindow(w, InputOutput, CopyFromParent, *mask, attributes);
 }
 
+// The server ends a grab with the window, but the toolkit would go on sending keys to the widget that
+// was.
 void Destroy(Widget w) {
     auto &bar = BarOf(w);
     if (bar.timer) {
         XtRemoveTimeOut(bar.timer);
+    }
+    if (IsSet(bar, SV_KEYBOARD_GRABBED)) {
+        XtUngrabKeyboard(w, CurrentTime);
     }
     FreeGCs(w);
     FreeSliderPixmaps(w);
