@@ -18,7 +18,6 @@ void ClassPartInitialize(WidgetClass widget_class);
 void Initialize(Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes);
 void Destroy(Widget w);
-Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 void ForegroundPixelDefault(Widget w, int offset, XrmValue *value);
 void BackgroundPixelDefault(Widget w, int offset, XrmValue *value);
 void TroughPixelDefault(Widget w, int offset, XrmValue *value);
@@ -298,89 +297,6 @@ void Destroy(Widget w) {
     for (const char *name : lists) {
         XtRemoveAllCallbacks(w, name);
     }
-}
-
-// ---- Resource changes ---------------------------------------------------------------------------
-
-// The toolkit's own change of the background reaches the window, too, whose background is the trough.
-bool UpdateTroughColor(Widget current, Widget w) {
-    const bool color_changed = BarOf(current).trough_color != BarOf(w).trough_color;
-    const bool background_changed = current->core.background_pixel != w->core.background_pixel;
-    if (!HasWindow(w) || !(color_changed || background_changed)) {
-        return false;
-    }
-    XSetWindowBackground(XtDisplay(w), XtWindow(w), BarOf(w).trough_color);
-    return true;
-}
-
-bool UpdateLayout(Widget current, Widget w) {
-    const auto &old = BarOf(current);
-    const auto &bar = BarOf(w);
-    if (old.orientation == bar.orientation && old.show_arrows == bar.show_arrows &&
-        PrimitiveOf(current).shadow_thickness == PrimitiveOf(w).shadow_thickness &&
-        PrimitiveOf(current).highlight_thickness == PrimitiveOf(w).highlight_thickness) {
-        return false;
-    }
-    XtClass(w)->core_class.resize(w);
-    return true;
-}
-
-bool UpdateColors(Widget current, Widget w) {
-    const auto &old = PrimitiveOf(current);
-    const auto &primitive = PrimitiveOf(w);
-    const bool fill_changed = old.foreground != primitive.foreground ||
-                              current->core.background_pixel != w->core.background_pixel;
-    if (fill_changed) {
-        XtReleaseGC(w, BarOf(w).foreground_gc);
-        BuildForegroundGC(w);
-    }
-    if (!fill_changed && old.top_shadow_color == primitive.top_shadow_color &&
-        old.bottom_shadow_color == primitive.bottom_shadow_color) {
-        return false;
-    }
-    FreeSliderPixmaps(w);
-    return true;
-}
-
-// True if the bar begins or ceases to react.
-bool UpdateAvailability(SvScrollBarPart &bar) {
-    const bool available = RangeOf(bar).Scrolls();
-    const bool changed = available != IsSet(bar, SV_SLIDER_AVAILABLE);
-    SetFlag(bar, SV_SLIDER_AVAILABLE, available);
-    if (!available) {
-        SetFlag(bar, SV_ARROW1_AVAILABLE | SV_ARROW2_AVAILABLE, true);
-    }
-    return changed;
-}
-
-// A slider that was copied over the stipple of an insensitive bar has to be stippled, too.
-bool UpdateSlider(Widget current, Widget w) {
-    const auto &old = BarOf(current);
-    auto &bar = BarOf(w);
-    const bool range_changed = old.slider_size != bar.slider_size || old.minimum != bar.minimum ||
-                               old.maximum != bar.maximum ||
-                               old.processing_direction != bar.processing_direction;
-    bool redisplay = false;
-    bool moved = false;
-    if (range_changed) {
-        redisplay = UpdateAvailability(bar);
-        moved = RefitSlider(w);
-    } else if (old.value != bar.value) {
-        moved = RedrawSlider(w);
-    }
-    return redisplay || (moved && !XtIsSensitive(w));
-}
-
-Boolean SetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
-    RepairChange(BarOf(current), new_w);
-    const bool redisplays[] = {UpdateTroughColor(current, new_w), UpdateLayout(current, new_w),
-                               UpdateColors(current, new_w), UpdateSlider(current, new_w),
-                               XtIsSensitive(current) != XtIsSensitive(new_w)};
-    bool redisplay = false;
-    for (const bool one : redisplays) {
-        redisplay = redisplay || one;
-    }
-    return redisplay ? True : False;
 }
 
 } // namespace

@@ -78,35 +78,106 @@ XmImportOperator ImportScrollBarValue(Widget w, int offset, XtArgVal *value);
 
 // ---- Drawing ------------------------------------------------------------------------------------
 
+inline bool HasPictureEntries(const SvScrollBarPart &bar) {
+    return bar.trough_pixmap_callback != nullptr;
+}
+
+inline bool HasPicture(const SvScrollBarPart &bar) {
+    return bar.trough_pixmap != None && HasPictureEntries(bar);
+}
+
+inline bool IsDrawn(Widget w) {
+    return HasWindow(w) && BarOf(w).slider_pixmap != None;
+}
+
 void Resize(Widget w);
 void Redisplay(Widget w, XEvent *event, Region region);
+// Plain or pressed, as it is selected.
+void DrawArrow(Widget w, Part arrow);
+// Shows the trough, its picture or its colour, in a part of the window.
+void RestoreTrough(Widget w, const Rectangle &area);
+void ClearArea(Widget w, const Rectangle &area);
+void FreeTroughPicture(Widget w);
+
+Pixmap MakePixmap(Widget w, const Rectangle &size, int depth);
+void FreePixmap(Widget w, Pixmap &pixmap);
+// Nothing, where the box is empty or less.
+void FillRectangle(Display *display, Drawable drawable, GC gc, const Rectangle &box);
+void DrawRaised(Widget w, Drawable drawable, GC top, GC bottom, const Rectangle &box,
+                int thickness);
+
+void BuildForegroundGC(Widget w);
+void BuildUnavailableGC(Widget w);
+void FreeGCs(Widget w);
+
+// ---- Slider -------------------------------------------------------------------------------------
+
+// Into its pixmap, if there is one.
+void DrawSlider(Widget w);
+// Computes where the slider stands; with a window, makes its pixmap and draws it.
+void GetSliderPixmap(Widget w);
+void FreeSliderPixmaps(Widget w);
+// To where the slider stands on the window, through its mask if the trough has a picture.
+void CopySlider(Widget w);
 // Puts the slider where the value is. True if it moved.
 bool RedrawSlider(Widget w);
 // The same after a change of the range, by which the slider may have got another length.
 bool RefitSlider(Widget w);
 // Only the coordinate along the bar counts.
 void MoveSlider(Widget w, Point place);
-// Plain or pressed, as it is selected.
-void DrawArrow(Widget w, Part arrow);
-void FreeSliderPixmaps(Widget w);
-void FreeTroughPicture(Widget w);
 
-void BuildForegroundGC(Widget w);
-void BuildUnavailableGC(Widget w);
-void FreeGCs(Widget w);
+// ---- Events -------------------------------------------------------------------------------------
 
-// ---- Interaction --------------------------------------------------------------------------------
+// Key, button and motion events have their place and time at the same offsets. A client that calls an
+// action by itself may have no event.
+inline Point PointOf(const XEvent *event) {
+    return event ? Point{event->xbutton.x, event->xbutton.y} : Point{};
+}
 
-constexpr int num_actions = 9;
-extern XtActionsRec actions[num_actions];
+inline Time TimeOf(const XEvent *event) {
+    return event ? event->xbutton.time : CurrentTime;
+}
+
+// ---- Stepping -----------------------------------------------------------------------------------
 
 // The one way out to clients. A client may destroy the bar there, and outside of event dispatching
 // that frees it at once: nothing of the bar may be touched afterwards.
 void ScrollCallback(Widget w, int reason, Point pointer, XEvent *event);
 
+// By how much the value changes for one of the four reasons of a step.
+std::int64_t StepOf(const SvScrollBarPart &bar, int reason);
+// One step of the kind that `change_type` says. True if there was a way to go.
+bool TakeStep(Widget w);
+// Tells of the first step of a press, and starts its repetition. A timer that still runs from the last
+// press goes on with this one's step.
+void ReportAndRepeat(Widget w);
+void EndTimer(SvScrollBarPart &bar);
+
+// ---- Actions ------------------------------------------------------------------------------------
+
+constexpr int num_actions = 9;
+extern XtActionsRec actions[num_actions];
+
+void TopOrBottom(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void IncrementUpOrLeft(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void IncrementDownOrRight(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void PageUpOrLeft(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void PageDownOrRight(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+inline Boolean &SelectedArrow(SvScrollBarPart &bar, Part arrow) {
+    return arrow == Part::Arrow1 ? bar.arrow1_selected : bar.arrow2_selected;
+}
+
+// Selects it or not, and draws it so.
+void SelectArrow(Widget w, Part arrow, bool selected);
+
 // ---- Navigator ----------------------------------------------------------------------------------
 
 void InstallNavigator(WidgetClass widget_class);
+
+// ---- Resource changes ---------------------------------------------------------------------------
+
+Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 
 // ---- Life ---------------------------------------------------------------------------------------
 
