@@ -169,29 +169,16 @@ void RepairCounts(Widget w) {
     }
 }
 
-void GiveSize(Widget w) {
-    constexpr Dimension least = 10;
-    if (w->core.width == 0) {
-        w->core.width = least;
-    }
-    if (w->core.height == 0) {
-        w->core.height = least;
-    }
-}
-
 void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
-    GiveSize(new_w);
+    managers::ReplaceEmptySize(new_w);
     RepairCounts(new_w);
-    auto &board = BoardOf(new_w);
-    board.old_width = new_w->core.width;
-    board.old_height = new_w->core.height;
-    board.old_shadow_thickness = ManagerOf(new_w).shadow_thickness;
+    managers::NoteShadow(new_w);
     GridOf(new_w).internal = new GridState;
     CreateTables(GridOf(new_w));
 }
 
 void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
-    GiveSize(w);
+    managers::ReplaceEmptySize(w);
     ComputeAuto(w);
     AdjustSize(w);
     PositionChildren(w);

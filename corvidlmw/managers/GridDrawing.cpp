@@ -20,12 +20,6 @@ void RedisplayAllGadgets(Widget w) {
     XmeRedisplayGadgets(w, &event, nullptr);
 }
 
-void DrawShadow(Widget w) {
-    const auto &manager = ManagerOf(w);
-    _XmDrawShadowType(w, XmSHADOW_OUT, w->core.width, w->core.height, manager.shadow_thickness, 0,
-                      manager.top_shadow_GC, manager.bottom_shadow_GC);
-}
-
 // Xlib joins the rectangles of one GC into few requests.
 void FillMargin(Widget w, const Rectangle &strip) {
     XFillRectangle(XtDisplay(w), XtWindow(w), ManagerOf(w).bottom_shadow_GC, strip.x, strip.y,
@@ -105,7 +99,7 @@ void GridRedisplay(Widget w, XEvent *event, Region region) {
     } else if (event) {
         XmeRedisplayGadgets(w, event, region);
     }
-    DrawShadow(w);
+    managers::DrawShadow(w, XmSHADOW_OUT);
 }
 
 void RedrawWholly(Widget w) {
@@ -125,5 +119,5 @@ extern "C" void XmGridHighlightCell(Widget w, int row, int column) {
     DrawLines(w);
     MarkCell(w, static_cast<std::size_t>(row), static_cast<std::size_t>(column));
     RedisplayAllGadgets(w);
-    DrawShadow(w);
+    managers::DrawShadow(w, XmSHADOW_OUT);
 }

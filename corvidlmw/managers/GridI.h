@@ -2,7 +2,7 @@
 #pragma once
 
 // First: it mends declarations of the toolkit's private headers.
-#include <corvidlmw/toolkit/Toolkit.h>
+#include <corvidlmw/managers/ManagersI.h>
 
 #include <corvidlmw/managers/GridGeometry.h>
 #include <corvidlmw/managers/GridP.h>
@@ -10,6 +10,10 @@
 #include <span>
 
 namespace corvidlmw::grid {
+
+using managers::BoardOf;
+using managers::ManagerOf;
+using managers::Size;
 
 // ---- Records ------------------------------------------------------------------------------------
 
@@ -31,14 +35,6 @@ inline GridState &StateOf(XmGridPart &grid) {
 
 inline XmGridConstraintPart &ConstraintOf(Widget child) {
     return reinterpret_cast<XmGridConstraintPtr>(child->core.constraints)->grid;
-}
-
-inline XmBulletinBoardPart &BoardOf(Widget grid) {
-    return reinterpret_cast<XmGridWidget>(grid)->bulletin_board;
-}
-
-inline XmManagerPart &ManagerOf(Widget grid) {
-    return reinterpret_cast<XmGridWidget>(grid)->manager;
 }
 
 inline Slots RowsOf(XmGridPart &grid) {

@@ -6,7 +6,6 @@
 
 #include <corvidlmw/managers/GridI.h>
 
-#include <Xm/DrawP.h>
 #include <Xm/DropSMgr.h>
 
 #include <algorithm>
@@ -47,16 +46,6 @@ Extents LargestExtents(Widget w, Dying in_rows, Dying in_columns) {
         }
     }
     return largest;
-}
-
-struct Size {
-    Dimension width;
-    Dimension height;
-    friend bool operator==(const Size &, const Size &) = default;
-};
-
-Size SizeOf(Widget w) {
-    return {w->core.width, w->core.height};
 }
 
 Size NaturalSize(Widget w) {
@@ -214,13 +203,6 @@ bool AsksForChange(Widget child, const XtWidgetGeometry &request) {
            ((mode & CWY) && request.y != child->core.y);
 }
 
-XtGeometryResult Offer(XtWidgetGeometry &reply, const Size &size) {
-    reply.request_mode = CWWidth | CWHeight;
-    reply.width = size.width;
-    reply.height = size.height;
-    return XtGeometryAlmost;
-}
-
 } // namespace
 
 // ---- Weights and sizes -----------------------------------------------------------------------------
@@ -249,20 +231,11 @@ void PositionChildren(Widget w) {
 }
 
 void AdjustSize(Widget w) {
-    const Size natural = NaturalSize(w);
-    if (natural == SizeOf(w)) {
-        return;
-    }
-    Size compromise{};
-    if (XtMakeResizeRequest(w, natural.width, natural.height, &compromise.width,
-                            &compromise.height) == XtGeometryAlmost) {
-        XtMakeResizeRequest(w, compromise.width, compromise.height, nullptr, nullptr);
-    }
+    managers::AdjustSizeTo(w, NaturalSize(w));
 }
 
 void RenewPreferredSize(Widget child) {
-    XtWidgetGeometry preferred;
-    XtQueryGeometry(child, nullptr, &preferred);
+    const Size preferred = managers::PreferredSizeOf(child);
     ConstraintOf(child).preferred_width = preferred.width;
     ConstraintOf(child).preferred_height = preferred.height;
 }
@@ -270,21 +243,17 @@ void RenewPreferredSize(Widget child) {
 // ---- Class methods ------------------------------------------------------------------------------------
 
 void GridResize(Widget w) {
-    auto &board = BoardOf(w);
-    const auto &manager = ManagerOf(w);
-    _XmClearShadowType(w, board.old_width, board.old_height, board.old_shadow_thickness, 0);
+    const auto &board = BoardOf(w);
+    managers::ClearNotedShadow(w);
     const bool shrank = w->core.height < board.old_height || w->core.width < board.old_width;
-    board.old_width = w->core.width;
-    board.old_height = w->core.height;
-    board.old_shadow_thickness = manager.shadow_thickness;
+    managers::NoteShadow(w);
     if (!XtIsRealized(w)) {
         return;
     }
     PositionChildren(w);
     // A window that grows is exposed; one that shrinks is not.
     if (shrank) {
-        XmeDrawShadows(XtDisplay(w), XtWindow(w), manager.top_shadow_GC, manager.bottom_shadow_GC,
-                       0, 0, w->core.width, w->core.height, manager.shadow_thickness, XmSHADOW_OUT);
+        managers::DrawShadow(w, XmSHADOW_OUT);
     }
 }
 
@@ -327,24 +296,8 @@ XtGeometryResult GridGeometryManager(Widget child, XtWidgetGeometry *request, Xt
     return XtGeometryYes;
 }
 
-// A natural size that is asked for exactly is agreed to. Without both values there is nothing to
-// compare it with, and a plain yes would stand for the current size.
 XtGeometryResult GridQueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *reply) {
-    constexpr XtGeometryMask both = CWWidth | CWHeight;
-    const XtGeometryMask mode = intended ? intended->request_mode : 0;
-    if (mode & ~both) {
-        return XtGeometryYes;
-    }
-    const Size natural = NaturalSize(w);
-    if (mode == both) {
-        if (natural == SizeOf(w)) {
-            return XtGeometryNo;
-        }
-        if (natural == Size{intended->width, intended->height}) {
-            return XtGeometryYes;
-        }
-    }
-    return Offer(*reply, natural);
+    return managers::AnswerQuery(w, NaturalSize(w), *intended, *reply);
 }
 
 } // namespace corvidlmw::grid

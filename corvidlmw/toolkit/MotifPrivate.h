@@ -46,10 +46,6 @@ void _XmResizeObject(Widget w, Dimension width, Dimension height, Dimension bord
 // Takes away the right and lower parts of a shadow that was drawn before a change of size.
 void _XmClearShadowType(Widget w, Dimension old_width, Dimension old_height,
                         Dimension old_shadow_thickness, Dimension old_highlight_thickness);
-// At the edge of the widget's window, inside of the highlight.
-void _XmDrawShadowType(Widget w, unsigned int type, Dimension core_width, Dimension core_height,
-                       Dimension shadow_thickness, Dimension highlight_thickness, GC top,
-                       GC bottom);
 
 // The toolkit's own words for a pane's limits and a sash's parameters.
 extern const char *_XmMsgPanedW_0000; // paneMinimum must be positive
