@@ -249,6 +249,7 @@ void DoRemoveArc(Widget w, Widget arc) {
         RemoveOnlyEntry(to->to_arcs, arc);
     }
     Detach(part);
+    RefreshOverview(w);
 }
 
 // ---- Deaths ------------------------------------------------------------------------------------------------------------------------
@@ -337,6 +338,7 @@ void _SetupArcInternal(Widget graph, Widget arc) {
     AppendArc(from->from_arcs, arc);
     AppendArc(to->to_arcs, arc);
     LinkNeighbours(graph, from, to, same_way != nullptr);
+    RefreshOverview(graph);
 }
 
 int _sibling_rank(Widget arc) {

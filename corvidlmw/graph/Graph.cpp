@@ -468,6 +468,7 @@ void Destroy(Widget w) {
     Watch::Trip(StateOf(w));
     UnveilArcs(w);
     DetachFromScrolledWindow(w);
+    DetachOverview(w);
     ForgetButterflyRoot(w);
     // The children are freed by now, and the arcs' callbacks may still ask for them.
     reinterpret_cast<CompositeWidget>(w)->composite.num_children = 0;
@@ -560,6 +561,7 @@ void InsertNode(Widget w, Widget child) {
                        composite.children + composite.num_children + 1);
     *place = child;
     composite.num_children += 1;
+    RefreshOverview(w);
 }
 
 // An arc is told by its very class here and by descent elsewhere: a subclass of XmArc enters
@@ -610,6 +612,7 @@ void DeleteChild(Widget child) {
     if (found != children.end()) {
         std::copy(found + 1, children.end(), found);
         reinterpret_cast<CompositeWidget>(w)->composite.num_children -= 1;
+        RefreshOverview(w);
     }
     // A client that destroys all of XmNchildren takes the super-root along.
     if (GraphOf(w).root == NodeOf(child) && !XmIsArc(child) && !IsBeingDestroyed(w)) {

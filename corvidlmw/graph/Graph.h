@@ -550,6 +550,51 @@ CORVIDLMW_EXPORT void XmGraphAdjustSize(Widget graph);
 CORVIDLMW_EXPORT void XmGraphShowCoverWindow(Widget graph);
 CORVIDLMW_EXPORT void XmGraphHideCoverWindow(Widget graph);
 
+/* ---- View ------------------------------------------------------------------------------------------ */
+
+/* These scroll a graph that lies in an automatic scrolled window by setting the two scroll bars, whose
+ * callbacks are told. For a graph that does not, or that is no XmGraph, they do nothing. */
+
+/* Brings the middle of `widget`, a node, to the middle of the view, as far as the scroll bars go. A NULL
+ * `widget`, or one that is neither widget nor gadget, is left where it is. */
+CORVIDLMW_EXPORT void XmGraphCenterAroundWidget(Widget graph, Widget widget);
+
+/* The same, but only if `widget` is not in view already. What lies past the right edge of the view, and
+ * neither above nor below it, counts as in view. */
+CORVIDLMW_EXPORT void XmGraphMakeWidgetVisible(Widget graph, Widget widget);
+
+/* Sets each scroll bar to the share of its range that (x, y) has in the graph's width and height: (0, 0)
+ * shows the upper left corner, (width, height) the lower right one. */
+CORVIDLMW_EXPORT void XmGraphCenterAtPos(Widget graph, int x, int y);
+
+/* Multiplies XmNchildSpacing and XmNsiblingSpacing by `factor`, or divides them by -`factor` if it is
+ * negative, lays the graph out and keeps the share of the view; nodes keep their size. A spacing is at
+ * least 1; above 4096 only a factor of 0 or less does anything. It works without a scrolled window, too.
+ * A graph that is no XmGraph is left alone, and so is any graph if `factor` is no number. */
+CORVIDLMW_EXPORT void XmGraphZoom(Widget graph, float factor);
+
+/* ---- Overview --------------------------------------------------------------------------------------- */
+
+/* Creates an unmanaged XmDrawingArea "overview" below `parent`, a composite widget of the graph's
+ * screen and depth. At any size it shows the whole graph: nodes as rectangles in XmNoverviewNodeColor,
+ * or in their XmNmarkColor; arcs as lines in XmNoverviewLineColor, with XmNshowOverviewArcs; and, for a
+ * graph in a scrolled window, a frame around the part in view, which the pointer drags. Returns it; the
+ * parent owns it, the caller manages it. It may die before the graph or after it.
+ *
+ * A graph has one overview: further calls return the same widget, whatever their `parent`. Returns NULL
+ * if `graph` is no XmGraph or `parent` cannot hold its overview. */
+CORVIDLMW_EXPORT Widget XmGraphCreateOverView(Widget graph, Widget parent);
+
+/* ---- Printing ----------------------------------------------------------------------------------------- */
+
+/* Writes the graph to the file `filename` as PostScript, one pixel as one point, on as many pages of 594
+ * by 774 points as it needs, each labelled with its row and column: nodes as boxes with their
+ * XmNlabelString, arcs as straight arrows. The text is as high as the font of the first node. Bytes of
+ * labels stand in the file as they are: a label with an unbalanced parenthesis or a backslash spoils it.
+ * Without nodes the file is not touched. Nothing is told of a file that cannot be opened or written. A
+ * `graph` that is no XmGraph, or a NULL `filename`, does nothing. */
+CORVIDLMW_EXPORT void XmGraphPrint(Widget graph, const char *filename);
+
 #ifdef __cplusplus
 }
 #endif

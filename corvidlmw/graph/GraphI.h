@@ -161,6 +161,15 @@ struct Figure {
     Segment span; // from end to end, or from corner to corner
 };
 
+// What is on the overview's window, beside what the graph's record says of it.
+struct OverviewState {
+    bool frame_shown = false;
+    OwnedRegion painted_over; // where marks have covered the frame since it was drawn
+    Window prepared = None;   // has its bit gravity
+    // Number of the request that cleared the window and asked for its exposure; zero after that.
+    unsigned long clear_request = 0;
+};
+
 struct GraphState {
     std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
@@ -184,6 +193,7 @@ struct GraphState {
     // What was erased since the outermost DamageRepair began.
     std::vector<Rectangle> damage;
     int repairs = 0;
+    OverviewState overview;
     Watch *watches = nullptr;
     LivingCopy *copies = nullptr;
 };
@@ -375,6 +385,12 @@ void AttachToScrolledWindow(Widget graph);
 // The cover goes with the window that it lies in, which the toolkit tells nobody.
 bool HasCover(Widget graph);
 void DetachFromScrolledWindow(Widget graph);
+struct ScrollBars {
+    Widget vertical = nullptr;
+    Widget horizontal = nullptr;
+};
+// Of the scrolled window that the graph's parent is the clip window of; those that there are.
+ScrollBars ScrollBarsAround(Widget graph);
 
 // ---- Redisplay.cpp -----------------------------------------------------------------------------------------------
 
@@ -422,9 +438,22 @@ void CancelArcsWithSubgraph(Widget graph, NodePtr node);
 void SelectSubgraph(Widget graph, Widget root);
 
 // ---- Structure.cpp, Viewport.cpp -------------------------------------------------------------------------------------
+// ---- Viewport.cpp, Overview.cpp ------------------------------------------------------------------------------------
+
+void ForgetButterflyRoot(Widget graph);
+// Sets the scroll bars, vertical first, as near to these values as they go, and tells their callbacks.
+// The graph may be dead afterwards.
+void ScrollTo(Widget graph, const Point &values);
+
+// The overview and the graph forget each other; the window shows nothing any more.
+void DetachOverview(Widget graph);
+// Repaints the overview after a change that XmNgraphChangedCallback does not tell. In the middle of a
+// move by gesture it waits for the end, which is told.
+void RefreshOverview(Widget graph);
+
+// ---- Structure.cpp, SelectGestures.cpp ------------------------------------------------------------------------------
 
 void DestroyAllArcs(Widget graph);
-void ForgetButterflyRoot(Widget graph);
 
 // ---- Additions.cpp ---------------------------------------------------------------------------------------------------
 

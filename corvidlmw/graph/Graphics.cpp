@@ -41,6 +41,19 @@ Cursor BuildCursor(Widget w, const CursorBits &bits) {
     return cursor;
 }
 
+// A GC for windows of the graph's depth, which need not be that of the root window.
+GC CreateGC(Widget w, unsigned long mask, XGCValues &values) {
+    Display *display = XtDisplay(w);
+    Window root = RootWindowOfScreen(XtScreen(w));
+    if (w->core.depth == static_cast<Cardinal>(DefaultDepthOfScreen(XtScreen(w)))) {
+        return XCreateGC(display, root, mask, &values);
+    }
+    Pixmap model = XCreatePixmap(display, root, 1, 1, w->core.depth);
+    GC gc = XCreateGC(display, model, mask, &values);
+    XFreePixmap(display, model);
+    return gc;
+}
+
 GC BuildPrivateXorGC(Widget w, Pixel color) {
     XGCValues values{};
     values.function = GXxor;
@@ -48,9 +61,8 @@ GC BuildPrivateXorGC(Widget w, Pixel color) {
     values.background = values.foreground;
     values.line_style = LineSolid;
     values.subwindow_mode = IncludeInferiors;
-    return XCreateGC(XtDisplay(w), RootWindowOfScreen(XtScreen(w)),
-                     GCFunction | GCForeground | GCBackground | GCLineStyle | GCSubwindowMode,
-                     &values);
+    return CreateGC(w, GCFunction | GCForeground | GCBackground | GCLineStyle | GCSubwindowMode,
+                    values);
 }
 
 } // namespace
@@ -137,8 +149,7 @@ void BuildGraphGCs(Widget w) {
     values.function = GXcopy;
     values.foreground = manager.foreground;
     values.background = w->core.background_pixel;
-    graph.overview_mark_gc = XCreateGC(XtDisplay(w), RootWindowOfScreen(XtScreen(w)),
-                                       GCFunction | GCForeground | GCBackground, &values);
+    graph.overview_mark_gc = CreateGC(w, GCFunction | GCForeground | GCBackground, values);
     graph.xor_gc = BuildXorGC(w);
     graph.overview_viewport_bottom_gc = BuildPrivateXorGC(w, manager.bottom_shadow_color);
     graph.overview_viewport_top_gc = BuildPrivateXorGC(w, manager.top_shadow_color);

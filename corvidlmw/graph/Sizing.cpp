@@ -27,11 +27,6 @@ const char *const scroll_callbacks[] = {XmNvalueChangedCallback,  XmNincrementCa
 
 // ---- Scrolled window ---------------------------------------------------------------------------
 
-struct ScrollBars {
-    Widget vertical = nullptr;
-    Widget horizontal = nullptr;
-};
-
 ScrollBars BarsOf(Widget scrolled) {
     if (!scrolled || !XmIsScrolledWindow(scrolled)) {
         return {};
@@ -111,11 +106,6 @@ bool PullToOrigin(Widget graph) {
     XmGraphMoveAll(graph, -left, -top);
     return true;
 }
-
-struct Size {
-    int width = 0;
-    int height = 0;
-};
 
 Size NeededSize(Widget w) {
     const auto &graph = GraphOf(w);
@@ -206,6 +196,10 @@ void DestroySWCallback(Widget, XtPointer scrolled, XtPointer) {
 } // namespace
 
 namespace corvidlmw::graph {
+
+ScrollBars ScrollBarsAround(Widget graph) {
+    return BarsOf(GrandparentOf(graph));
+}
 
 // ---- Attaching to a scrolled window ---------------------------------------------------------------
 
@@ -323,6 +317,7 @@ XtGeometryResult GraphGeometryManager(Widget child, XtWidgetGeometry *request, X
     }
     XmGraphMoveNode(XtParent(child), child, x, y);
     XmeConfigureObject(child, x, y, width, height, border);
+    RefreshOverview(XtParent(child));
     return XtGeometryDone;
 }
 
@@ -448,13 +443,14 @@ void XmGraphMoveAll(Widget w, int dx, int dy) {
     for (Widget arc : Arcs(w)) {
         DrawArc(arc);
     }
+    RefreshOverview(w);
 }
 
 void _XmGraphFixScrollBarInc(Widget w) {
     if (!w || !XmIsGraph(w)) {
         return;
     }
-    const ScrollBars bars = BarsOf(GrandparentOf(w));
+    const ScrollBars bars = ScrollBarsAround(w);
     const int increment = GraphOf(w).increment;
     FixIncrement(bars.vertical, increment);
     FixIncrement(bars.horizontal, increment);

@@ -126,6 +126,8 @@ inline Place SizeOf(Widget widget) {
 
 class GraphTest : public DisplayTest {
 protected:
+    using DisplayTest::DisplayTest;
+
     Widget graph = nullptr;
 
     template <class... Args>

@@ -1,0 +1,340 @@
+// The overview: what it shows, that it stays true, and how its frame is dragged.
+#include <tests/graph/ScrolledGraph.h>
+
+#include <Xm/DrawingA.h>
+
+namespace corvidlmw::test {
+namespace {
+
+class Overview : public ScrolledGraph {
+protected:
+    void MakeOverview(int width = 300, int height = 200) {
+        overview = XmGraphCreateOverView(graph, board);
+        XtVaSetValues(overview, XmNx, 450, XmNy, 10, XmNwidth, width, XmNheight, height, nullptr);
+        XtManageChild(overview);
+        Pump();
+    }
+
+    Pixel Colour(const char *name) const {
+        XColor exact{};
+        XColor near{};
+        XAllocNamedColor(display, DefaultColormapOfScreen(XtScreen(shell)), name, &near, &exact);
+        return near.pixel;
+    }
+    Pixel Black() const { return BlackPixelOfScreen(XtScreen(shell)); }
+    void Mark(Widget node, Pixel colour) { XtVaSetValues(node, XmNmarkColor, colour, nullptr); }
+
+    Picture Shown() { return Picture::Of(overview); }
+    // What a new overview of the same size shows.
+    Picture Fresh() {
+        const Place size = SizeOf(overview);
+        XtDestroyWidget(overview);
+        MakeOverview(size.x, size.y);
+        return Shown();
+    }
+
+    XRectangle Frame() const {
+        const auto &part = GraphPartOf(graph);
+        return {part.viewport_x, part.viewport_y, part.viewport_width, part.viewport_height};
+    }
+    static XRectangle At(int x, int y, XRectangle size) {
+        return {static_cast<short>(x), static_cast<short>(y), size.width, size.height};
+    }
+
+    Widget overview = nullptr;
+};
+
+TEST_F(Overview, ShowsNodesArcsMarksAndTheFrame) {
+    Widgets nodes = Grid(12, 10); // 1160 by 570
+    Mark(nodes[25], Colour("red"));
+    ShowGraph();
+    MakeOverview(290, 200); // a scale of 1/4
+    EXPECT_EQ(XtName(overview), std::string("overview"));
+    EXPECT_TRUE(XmIsDrawingArea(overview));
+    EXPECT_EQ(XmGraphCreateOverView(graph, shell), overview);
+    Picture picture = Shown();
+    EXPECT_EQ(picture.At(200, 180), Colour("grey90"));
+    EXPECT_EQ(*picture.Box(Colour("red")), (XRectangle{24, 29, 15, 7}));
+    EXPECT_EQ(picture.At(100 + 8, 60 + 3), Colour("blue"));
+    EXPECT_EQ(picture.At(100 + 20, 60 + 3), Black()) << "an arc";
+
+    XtVaSetValues(graph, XmNskewOverviewScale, True, XmNshowOverviewArcs, False, nullptr);
+    Pump();
+    picture = Shown();
+    // The centre at trunc(135 * 200/570), the height as before.
+    EXPECT_EQ(*picture.Box(Colour("red")), (XRectangle{24, 43, 15, 7}));
+    EXPECT_EQ(picture.Count(Black()), 0);
+
+    const auto [x, y, width, height] = Frame();
+    const Place clip = SizeOf(XtParent(graph));
+    EXPECT_EQ(Frame(), At(1, 1,
+                          {0, 0, static_cast<Dimension>(clip.x / 4),
+                           static_cast<Dimension>(clip.y * 200 / 570)}));
+    const Pixel light = ValueOf(overview, XmNtopShadowColor);
+    const Pixel dark = ValueOf(overview, XmNbottomShadowColor);
+    EXPECT_EQ(picture.At(x + width - 20, y + height - 1), dark);
+    EXPECT_EQ(picture.At(x + 20, y), light);
+    EXPECT_EQ(picture.At(x + width, y), light);
+    EXPECT_EQ(picture.At(x + width, y + 1), dark);
+}
+
+TEST_F(Overview, BatchesItsFiguresAndPutsTheLastNodesOverTheLines) {
+    Grid(25, 18, 70, 40);
+    ShowGraph();
+    MakeOverview();
+    Recorder recorder;
+    XClearArea(display, XtWindow(overview), 5, 5, 10, 10, True);
+    Pump();
+    std::vector<std::pair<std::string, size_t>> batches;
+    for (const Call &call : recorder.Drawing(XtWindow(overview)))
+        if (call.function != "XDrawLine" && call.function != "XClearArea")
+            batches.emplace_back(call.function, call.numbers.size() / 4);
+    EXPECT_EQ(batches, (std::vector<std::pair<std::string, size_t>>{{"XClearWindow", 0},
+                                                                    {"XFillRectangles", 199},
+                                                                    {"XFillRectangles", 199},
+                                                                    {"XDrawSegments", 199},
+                                                                    {"XDrawSegments", 199},
+                                                                    {"XDrawSegments", 51},
+                                                                    {"XFillRectangles", 52}}));
+    EXPECT_EQ(recorder.Calls("XDrawLine", XtWindow(overview)).size(), 8u);
+
+    recorder.Clear();
+    const RequestCounter requests(display);
+    ScrollBars({100, 0});
+    EXPECT_EQ(recorder.Drawing(XtWindow(overview)).size(), 16u) << "the frame alone";
+}
+
+TEST_F(Overview, StaysTrueAfterEveryChange) {
+    Widgets nodes = Grid(12, 10);
+    Mark(nodes[13], Colour("red"));
+    Widget unmanaged = Node({}, {300, 500}, false);
+    ShowGraph();
+    MakeOverview();
+    const std::pair<const char *, std::function<void()>> changes[] = {
+        {"scrolled",
+         [&] {
+             ScrollBars({345, 123});
+         }},
+        {"a mark under the frame, then scrolled",
+         [&] {
+             Mark(nodes[12 * 2 + 3], Colour("green"));
+             Mark(nodes[12 * 2 + 4], Colour("green"));
+             Mark(nodes[12 * 2 + 4], static_cast<Pixel>(-1));
+             ScrollBars({367, 140});
+         }},
+        {"dragged, then scrolled",
+         [&] {
+             Drag(overview, {60, 50}, {100, 80});
+             ScrollBars({200, 200});
+         }},
+        {"exposed in the middle of a drag",
+         [&] {
+             MoveTo(overview, 60, 50);
+             Press();
+             XClearArea(display, XtWindow(overview), 50, 40, 40, 30, True);
+             Pump();
+             MoveTo(overview, 90, 70);
+             XtVaSetValues(nodes[5], XmNx, 530, nullptr);
+             Pump();
+             MoveTo(overview, 99, 99);
+             Release();
+             ScrollBars({300, 100});
+         }},
+        {"covered in part and uncovered",
+         [&] {
+             Widget cover =
+                 XtVaCreateManagedWidget("cover", xmDrawingAreaWidgetClass, board, XmNx, 500, XmNy,
+                                         30, XmNwidth, 60, XmNheight, 60, nullptr);
+             XRaiseWindow(display, XtWindow(cover));
+             Pump();
+             ScrollBars({310, 110});
+             XtDestroyWidget(cover);
+             Pump();
+         }},
+        {"a node moved", [&] { XtVaSetValues(nodes[40], XmNx, 777, XmNy, 333, nullptr); }},
+        {"a node resized", [&] { XtVaSetValues(nodes[41], XmNwidth, 90, nullptr); }},
+        {"all moved", [&] { XmGraphMoveAll(graph, 7, 9); }},
+        {"a node destroyed", [&] { XtDestroyWidget(nodes[50]); }},
+        {"an unmanaged node destroyed", [&] { XtDestroyWidget(unmanaged); }},
+        {"a node and an arc made",
+         [&] {
+             UnmanagedArc(Node({}, {10, 560}, false), nodes[0]);
+         }},
+        {"an arc destroyed", [&] { XtDestroyWidget(ArcsOf(graph)[4]); }},
+        {"laid out", [&] { XmGraphLayout(graph); }},
+        {"smaller", [&] { XtResizeWidget(overview, 200, 150, 0); }},
+        {"larger", [&] { XtResizeWidget(overview, 320, 210, 0); }},
+        {"the view is smaller", [&] { XtResizeWidget(scrolled, 300, 250, 0); }},
+        {"nothing managed", [&] { XtUnmanageChildren(nodes.data(), 5); }},
+    };
+    for (const auto &[what, change] : changes) {
+        SCOPED_TRACE(what);
+        change();
+        Pump();
+        const Picture shown = Shown();
+        EXPECT_TRUE(SamePicture(Fresh(), shown));
+    }
+}
+
+TEST_F(Overview, AMarkPaintsItsNodeAlone) {
+    Widgets nodes = Grid(3, 3);
+    ShowGraph();
+    MakeOverview();
+    const Picture bare = Shown();
+    Widget hidden = Node({}, {100, 0}, false);
+    Pump();
+    Recorder recorder;
+    Mark(nodes[4], Black());
+    Mark(hidden, Black());
+    XtVaSetValues(ArcsOf(graph)[0], XmNmarkColor, 7, nullptr);
+    auto calls = recorder.Drawing(XtWindow(overview));
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].function, "XFillRectangle");
+    EXPECT_EQ(calls[0].foreground, Black());
+    Mark(nodes[4], static_cast<Pixel>(-1));
+    XtDestroyWidget(hidden);
+    Pump();
+    EXPECT_TRUE(SamePicture(bare, Shown()));
+}
+
+TEST_F(Overview, TheFrameFollowsThePointerAndTheGraphFollowsTheFrame) {
+    Grid(12, 10);
+    ShowGraph();
+    MakeOverview(290, 200);
+    GraphLog log;
+    log.Add(graph, XmNgraphChangedCallback);
+    const XRectangle before = Frame();
+    MoveTo(overview, 80, 40);
+    Press();
+    EXPECT_EQ(Frame(), At(80, 40, before));
+    EXPECT_EQ(Scrolled(), (Place{0, 0})) << "not yet";
+    MoveTo(overview, 100, 30);
+    EXPECT_EQ(Scrolled(), (Place{400, 120}));
+    EXPECT_EQ(log.reasons().back(), XmCR_GRAPH_SCROLLED);
+    EXPECT_EQ(Shown().At(120, 30), ValueOf(overview, XmNtopShadowColor));
+    MoveTo(overview, 288, 199);
+    EXPECT_EQ(Frame(), At(290 - before.width + 1, 200 - before.height + 1, before));
+    EXPECT_EQ(Scrolled(), FarEnd());
+    MoveTo(overview, 100, 30);
+    Release();
+    EXPECT_EQ(Scrolled(), (Place{400, 120}));
+    EXPECT_EQ(Frame().x, 100);
+
+    // A press without a move scrolls at the release; other buttons' motion moves nothing.
+    MoveTo(overview, 50, 20);
+    Press(Button3);
+    MoveTo(overview, 60, 30);
+    EXPECT_EQ(Frame().x, 50);
+    Release(Button3);
+    EXPECT_EQ(Scrolled(), (Place{200, 80}));
+}
+
+TEST_F(Overview, WithoutAPictureThereIsNoFrame) {
+    Widget node = Node({}, {5, 5}, false);
+    ShowGraph();
+    MakeOverview();
+    auto expect_empty = [&] {
+        XmGraphCallbackStruct scroll{};
+        scroll.reason = XmCR_GRAPH_SCROLLED;
+        XtCallCallbacks(graph, XmNgraphChangedCallback, &scroll);
+        Drag(overview, {20, 20}, {60, 60});
+        XmGraphCreateOverView(graph, board);
+        Pump();
+        EXPECT_FALSE(Shown().BoxOfOthers(Colour("grey90")));
+    };
+    expect_empty();
+    XtManageChild(node);
+    Pump();
+    EXPECT_TRUE(Shown().BoxOfOthers(Colour("grey90")));
+    XtUnmanageChild(node);
+    Pump();
+    expect_empty();
+    XtDestroyWidget(node);
+    expect_empty();
+}
+
+TEST_F(Overview, OutsideOfAScrolledWindowAFrameComesOnlyByAPress) {
+    MakeGraphIn(board, XmNx, 0, XmNy, 320);
+    Node({}, {100, 0});
+    Show();
+    MakeOverview();
+    const Picture bare = Shown();
+    GraphPartOf(graph).viewport_width = 40;
+    GraphPartOf(graph).viewport_height = 20;
+    Click(overview, 50, 50);
+    EXPECT_FALSE(bare == Shown());
+    XtVaSetValues(graph, XmNskewOverviewScale, True, nullptr);
+    Pump();
+    XtVaSetValues(graph, XmNskewOverviewScale, False, nullptr);
+    Pump();
+    EXPECT_TRUE(SamePicture(bare, Shown()));
+}
+
+TEST_F(Overview, EitherMayDieFirst) {
+    Grid(12, 10);
+    ShowGraph();
+    const ServerResources before = ServerResources::Of(display);
+    for (int i = 0; i < 3; i++) {
+        MakeOverview();
+        MoveTo(overview, 50, 50);
+        Press();
+        XtDestroyWidget(overview);
+        EXPECT_EQ(GraphPartOf(graph).overview, nullptr);
+        ScrollBars({100 * i, 50});
+        Release();
+    }
+    EXPECT_EQ(ServerResources::Of(display), before);
+
+    InDispatch([&] {
+        MakeOverview();
+        XtDestroyWidget(overview);
+        Widget dying = overview;
+        overview = XmGraphCreateOverView(graph, board);
+        EXPECT_NE(overview, dying);
+    });
+    EXPECT_EQ(GraphPartOf(graph).overview, overview);
+    XtManageChild(overview);
+    Pump();
+    MoveTo(overview, 50, 50);
+    Press();
+    XtDestroyWidget(graph);
+    Pump();
+    EXPECT_FALSE(Shown().BoxOfOthers(Colour("grey90"))) << "nothing is left to show";
+    MoveTo(overview, 70, 70);
+    Release();
+    XtVaSetValues(overview, XmNwidth, 100, nullptr);
+    Pump();
+}
+
+TEST_F(Overview, ACallbackMayEndTheGraphOrTheOverviewInADrag) {
+    for (bool end_graph : {false, true}) {
+        if (!GraphPartOf(graph).num_arcs) {
+            Grid(12, 10);
+            ShowGraph();
+        }
+        MakeOverview();
+        Widget victim = end_graph ? graph : overview;
+        XtAddCallback(
+            graph, XmNgraphChangedCallback,
+            [](Widget w, XtPointer closure, XtPointer) {
+                XtRemoveAllCallbacks(w, XmNgraphChangedCallback);
+                XtDestroyWidget(static_cast<Widget>(closure));
+            },
+            victim);
+        Drag(overview, {10, 10}, {80, 60});
+        if (!end_graph) {
+            EXPECT_EQ(GraphPartOf(graph).overview_dragging, 0);
+        }
+    }
+}
+
+TEST_F(Overview, IsMadeOnlyWhereItCanDraw) {
+    Widget label = XtVaCreateManagedWidget("label", xmLabelGadgetClass, board, nullptr);
+    EXPECT_EQ(XmGraphCreateOverView(board, board), nullptr);
+    EXPECT_EQ(XmGraphCreateOverView(nullptr, board), nullptr);
+    EXPECT_EQ(XmGraphCreateOverView(graph, nullptr), nullptr);
+    EXPECT_EQ(XmGraphCreateOverView(graph, label), nullptr);
+}
+
+} // namespace
+} // namespace corvidlmw::test
