@@ -5,11 +5,14 @@
 // toward zero. "Window" is the overview's, "view" the part of the graph that its clip window shows.
 #pragma once
 
+#include <corvidlmw/graph/Size.h>
 #include <corvidlmw/toolkit/Geometry.h>
 
 #include <array>
 
 namespace corvidlmw::overview {
+
+using graph::Size;
 
 // From graph pixels to window pixels. Zero while there is no picture.
 struct Scale {

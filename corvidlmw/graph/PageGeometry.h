@@ -2,9 +2,12 @@
 // whose y grows upwards from the lower left corner of the whole picture.
 #pragma once
 
+#include <corvidlmw/graph/Size.h>
 #include <corvidlmw/toolkit/Geometry.h>
 
 namespace corvidlmw::page {
+
+using graph::Size;
 
 // Of every sheet.
 constexpr int width = 594;

@@ -2,6 +2,7 @@
 // when it is much too large: geometry methods, life inside a scrolled window, the cover window.
 
 #include <corvidlmw/graph/GraphI.h>
+#include <corvidlmw/graph/Size.h>
 
 #include <Xm/DrawingA.h>
 #include <Xm/ScrollBar.h>

@@ -19,12 +19,6 @@ struct Segment {
     friend bool operator==(const Segment &, const Segment &) = default;
 };
 
-struct Size {
-    int width = 0;
-    int height = 0;
-    friend bool operator==(const Size &, const Size &) = default;
-};
-
 struct Rectangle {
     int x = 0;
     int y = 0;
