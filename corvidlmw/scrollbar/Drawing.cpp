@@ -33,7 +33,7 @@ Pixmap MakeBlankPicture(Widget w) {
     XGCValues values{};
     values.foreground = bar.trough_color;
     GC gc = XtGetGC(w, GCForeground, &values);
-    FillRectangle(XtDisplay(w), picture, gc, size);
+    FillRectangle(DisplayOf(w), picture, gc, size);
     XtReleaseGC(w, gc);
     return picture;
 }
@@ -45,7 +45,7 @@ bool AskForPicture(Widget w, XEvent *event) {
     if (IsSet(bar, SV_PICTURE_ASKED)) {
         return true;
     }
-    Display *display = XtDisplay(w);
+    Display *display = DisplayOf(w);
     SvTroughPixmapCallbackStruct data = {.reason = SvCR_TROUGH_PIXMAP,
                                          .event = event,
                                          .width = bar.slider_area_width,
@@ -74,14 +74,14 @@ void DrawTrough(Widget w) {
     const int highlight = primitive.highlight_thickness;
     const Rectangle box = {highlight, highlight, w->core.width - 2 * highlight,
                            w->core.height - 2 * highlight};
-    DrawRaised(w, XtWindow(w), primitive.bottom_shadow_GC, primitive.top_shadow_GC, box,
+    DrawRaised(w, WindowOf(w), primitive.bottom_shadow_GC, primitive.top_shadow_GC, box,
                primitive.shadow_thickness);
     RestoreTrough(w, TroughOf(BarOf(w)));
 }
 
 void CoverInsensitive(Widget w) {
     const int edge = EdgeOf(w);
-    FillRectangle(XtDisplay(w), XtWindow(w), BarOf(w).unavailable_gc,
+    FillRectangle(DisplayOf(w), WindowOf(w), UnavailableGC(w),
                   {edge, edge, w->core.width - 2 * edge, w->core.height - 2 * edge});
 }
 
@@ -151,7 +151,7 @@ void Redisplay(Widget w, XEvent *event, Region) {
 void ClearArea(Widget w, const Rectangle &area) {
     // To the server a size of 0 means "up to the window's end".
     if (area.width > 0 && area.height > 0) {
-        XClearArea(XtDisplay(w), XtWindow(w), area.x, area.y, static_cast<unsigned>(area.width),
+        XClearArea(DisplayOf(w), WindowOf(w), area.x, area.y, static_cast<unsigned>(area.width),
                    static_cast<unsigned>(area.height), False);
     }
 }
@@ -160,7 +160,7 @@ void ClearArea(Widget w, const Rectangle &area) {
 void RestoreTrough(Widget w, const Rectangle &area) {
     const auto &bar = BarOf(w);
     if (HasPicture(bar)) {
-        XCopyArea(XtDisplay(w), bar.trough_pixmap, XtWindow(w), bar.foreground_gc,
+        XCopyArea(DisplayOf(w), bar.trough_pixmap, WindowOf(w), ForegroundGC(w),
                   area.x - bar.slider_area_x, area.y - bar.slider_area_y,
                   static_cast<unsigned>(area.width), static_cast<unsigned>(area.height), area.x,
                   area.y);
@@ -185,7 +185,7 @@ void DrawArrow(Widget w, Part arrow) {
     const bool pressed = (first ? bar.arrow1_selected : bar.arrow2_selected) != False;
     GC top = pressed ? primitive.bottom_shadow_GC : primitive.top_shadow_GC;
     GC bottom = pressed ? primitive.top_shadow_GC : primitive.bottom_shadow_GC;
-    XmeDrawArrow(XtDisplay(w), XtWindow(w), top, bottom, bar.foreground_gc,
+    XmeDrawArrow(DisplayOf(w), WindowOf(w), top, bottom, ForegroundGC(w),
                  CutToPosition((first ? bar.arrow1_x : bar.arrow2_x) - 1),
                  CutToPosition((first ? bar.arrow1_y : bar.arrow2_y) - 1),
                  CutToDimension(bar.arrow_width + 2), CutToDimension(bar.arrow_height + 2),
@@ -197,13 +197,13 @@ void DrawArrow(Widget w, Part arrow) {
 
 void FreePixmap(Widget w, Pixmap &pixmap) {
     if (pixmap != None) {
-        XFreePixmap(XtDisplay(w), pixmap);
+        XFreePixmap(DisplayOf(w), pixmap);
         pixmap = None;
     }
 }
 
 Pixmap MakePixmap(Widget w, const Rectangle &size, int depth) {
-    return XCreatePixmap(XtDisplay(w), RootWindowOfScreen(XtScreen(w)),
+    return XCreatePixmap(DisplayOf(w), RootWindowOfScreen(ScreenOf(w)),
                          static_cast<unsigned>(size.width), static_cast<unsigned>(size.height),
                          static_cast<unsigned>(depth));
 }
@@ -212,7 +212,7 @@ Pixmap MakePixmap(Widget w, const Rectangle &size, int depth) {
 void DrawRaised(Widget w, Drawable drawable, GC top, GC bottom, const Rectangle &box,
                 int thickness) {
     if (box.width > 0 && box.height > 0) {
-        XmeDrawShadows(XtDisplay(w), drawable, top, bottom, CutToPosition(box.x),
+        XmeDrawShadows(DisplayOf(w), drawable, top, bottom, CutToPosition(box.x),
                        CutToPosition(box.y), CutToDimension(box.width), CutToDimension(box.height),
                        CutToDimension(thickness), XmSHADOW_OUT);
     }
@@ -227,38 +227,57 @@ void FillRectangle(Display *display, Drawable drawable, GC gc, const Rectangle &
 
 // ---- GCs ----------------------------------------------------------------------------------------
 
-void BuildForegroundGC(Widget w) {
-    XGCValues values{};
-    values.foreground = w->core.background_pixel;
-    values.background = w->core.background_pixel;
-    values.graphics_exposures = False;
-    BarOf(w).foreground_gc = XtGetGC(w, GCForeground | GCBackground | GCGraphicsExposures, &values);
-}
-
-void BuildUnavailableGC(Widget w) {
-    Screen *screen = XtScreen(w);
-    XGCValues values{};
-    values.graphics_exposures = False;
-    values.foreground = w->core.background_pixel;
-    XtGCMask mask = GCForeground | GCGraphicsExposures;
-    values.stipple = XmGetPixmapByDepth(screen, Name("50_foreground"), 1, 0, 1);
-    if (values.stipple != XmUNSPECIFIED_PIXMAP) {
-        values.foreground = BlackPixelOfScreen(screen);
-        values.fill_style = FillStippled;
-        mask |= GCFillStyle | GCStipple;
-    }
-    BarOf(w).unavailable_gc = XtGetGC(w, mask, &values);
-}
-
-// The GC knows whether it has a stipple; it is the toolkit's, which counts its users.
-void FreeGCs(Widget w) {
+GC ForegroundGC(Widget w) {
     auto &bar = BarOf(w);
+    if (!bar.foreground_gc) {
+        XGCValues values{};
+        values.foreground = w->core.background_pixel;
+        values.background = w->core.background_pixel;
+        values.graphics_exposures = False;
+        bar.foreground_gc = XtGetGC(w, GCForeground | GCBackground | GCGraphicsExposures, &values);
+    }
+    return bar.foreground_gc;
+}
+
+// The stipple is the toolkit's, which counts its users.
+GC UnavailableGC(Widget w) {
+    auto &bar = BarOf(w);
+    if (!bar.unavailable_gc) {
+        XGCValues values{};
+        values.graphics_exposures = False;
+        values.foreground = w->core.background_pixel;
+        XtGCMask mask = GCForeground | GCGraphicsExposures;
+        values.stipple = XmGetPixmapByDepth(ScreenOf(w), Name("50_foreground"), 1, 0, 1);
+        if (values.stipple != XmUNSPECIFIED_PIXMAP) {
+            values.foreground = BlackPixelOfScreen(ScreenOf(w));
+            values.fill_style = FillStippled;
+            mask |= GCFillStyle | GCStipple;
+        }
+        bar.unavailable_gc = XtGetGC(w, mask, &values);
+    }
+    return bar.unavailable_gc;
+}
+
+void FreeForegroundGC(Widget w) {
+    auto &bar = BarOf(w);
+    if (bar.foreground_gc) {
+        XtReleaseGC(w, bar.foreground_gc);
+        bar.foreground_gc = nullptr;
+    }
+}
+
+// The GC knows whether it has a stipple.
+void FreeUnavailableGC(Widget w) {
+    auto &bar = BarOf(w);
+    if (!bar.unavailable_gc) {
+        return;
+    }
     XGCValues values{};
-    XGetGCValues(XtDisplay(w), bar.unavailable_gc, GCFillStyle | GCStipple, &values);
-    XtReleaseGC(w, bar.foreground_gc);
+    XGetGCValues(DisplayOf(w), bar.unavailable_gc, GCFillStyle | GCStipple, &values);
     XtReleaseGC(w, bar.unavailable_gc);
+    bar.unavailable_gc = nullptr;
     if (values.fill_style == FillStippled) {
-        XmDestroyPixmap(XtScreen(w), values.stipple);
+        XmDestroyPixmap(ScreenOf(w), values.stipple);
     }
 }
 

@@ -17,8 +17,8 @@ void GrabKeyboard(Widget w, const XEvent *event) {
     if (XtGrabKeyboard(w, False, GrabModeAsync, GrabModeAsync, TimeOf(event)) == GrabSuccess) {
         SetFlag(BarOf(w), SV_KEYBOARD_GRABBED, true);
     }
-    XAllowEvents(XtDisplay(w), AsyncPointer, CurrentTime);
-    XAllowEvents(XtDisplay(w), AsyncKeyboard, CurrentTime);
+    XAllowEvents(DisplayOf(w), AsyncPointer, CurrentTime);
+    XAllowEvents(DisplayOf(w), AsyncKeyboard, CurrentTime);
 }
 
 void UngrabKeyboard(Widget w, const XEvent *event) {

@@ -79,7 +79,7 @@ void RepaintArrow(Widget w, const KeyStep &step) {
     }
     const bool first = step.arrow == Part::Arrow1;
     if (HasWindow(w)) {
-        XClearArea(XtDisplay(w), XtWindow(w), first ? bar.arrow1_x : bar.arrow2_x,
+        XClearArea(DisplayOf(w), WindowOf(w), first ? bar.arrow1_x : bar.arrow2_x,
                    first ? bar.arrow1_y : bar.arrow2_y, static_cast<unsigned>(bar.arrow_width),
                    static_cast<unsigned>(bar.arrow_height), False);
     }

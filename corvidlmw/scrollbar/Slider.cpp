@@ -52,10 +52,10 @@ void DrawMask(Widget w) {
     }
     XGCValues values{};
     values.foreground = 1;
-    const TemporaryGC gc(XtDisplay(w), bar.slider_mask, GCForeground, values);
-    FillRectangle(XtDisplay(w), bar.slider_mask, gc, size);
-    XSetForeground(XtDisplay(w), gc, 0);
-    FillRectangle(XtDisplay(w), bar.slider_mask, gc, Inset(size, 2 * FrameThickness(w)));
+    const TemporaryGC gc(DisplayOf(w), bar.slider_mask, GCForeground, values);
+    FillRectangle(DisplayOf(w), bar.slider_mask, gc, size);
+    XSetForeground(DisplayOf(w), gc, 0);
+    FillRectangle(DisplayOf(w), bar.slider_mask, gc, Inset(size, 2 * FrameThickness(w)));
 }
 
 void DrawEtchedLines(Widget w) {
@@ -67,7 +67,7 @@ void DrawEtchedLines(Widget w) {
     auto draw = [&](GC gc, int along) {
         const Point from = axis.At(along, 1);
         const Point to = axis.At(along, end);
-        XDrawLine(XtDisplay(w), bar.slider_pixmap, gc, from.x, from.y, to.x, to.y);
+        XDrawLine(DisplayOf(w), bar.slider_pixmap, gc, from.x, from.y, to.x, to.y);
     };
     draw(primitive.bottom_shadow_GC, middle - 1);
     draw(primitive.top_shadow_GC, middle);
@@ -105,7 +105,7 @@ void DrawSlider(Widget w) {
         return;
     }
     const Rectangle size{0, 0, bar.slider_width, bar.slider_height};
-    FillRectangle(XtDisplay(w), bar.slider_pixmap, bar.foreground_gc, size);
+    FillRectangle(DisplayOf(w), bar.slider_pixmap, ForegroundGC(w), size);
     DrawRaised(w, bar.slider_pixmap, primitive.top_shadow_GC, primitive.bottom_shadow_GC, size,
                primitive.shadow_thickness);
     if (HasPictureEntries(bar)) {
@@ -135,18 +135,19 @@ void FreeSliderPixmaps(Widget w) {
 // The GC is shared: its clip is taken off again at once.
 void CopySlider(Widget w) {
     const auto &bar = BarOf(w);
-    Display *display = XtDisplay(w);
+    Display *display = DisplayOf(w);
+    GC gc = ForegroundGC(w);
     const bool masked = HasPicture(bar);
     if (masked) {
-        XSetClipOrigin(display, bar.foreground_gc, bar.slider_x, bar.slider_y);
-        XSetClipMask(display, bar.foreground_gc, bar.slider_mask);
+        XSetClipOrigin(display, gc, bar.slider_x, bar.slider_y);
+        XSetClipMask(display, gc, bar.slider_mask);
     }
-    XCopyArea(display, bar.slider_pixmap, XtWindow(w), bar.foreground_gc, 0, 0,
+    XCopyArea(display, bar.slider_pixmap, WindowOf(w), gc, 0, 0,
               static_cast<unsigned>(bar.slider_width), static_cast<unsigned>(bar.slider_height),
               bar.slider_x, bar.slider_y);
     if (masked) {
-        XSetClipMask(display, bar.foreground_gc, None);
-        XSetClipOrigin(display, bar.foreground_gc, 0, 0);
+        XSetClipMask(display, gc, None);
+        XSetClipOrigin(display, gc, 0, 0);
     }
 }
 

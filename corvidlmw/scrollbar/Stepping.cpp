@@ -50,7 +50,7 @@ void StartTimer(Widget w, int delay) {
 // The client keeps up with the repetition, and the server with the client.
 void ReportStep(Widget w) {
     const auto &bar = BarOf(w);
-    Display *display = XtDisplay(w);
+    Display *display = DisplayOf(w);
     ScrollCallback(w, bar.change_type, {}, nullptr);
     XSync(display, False);
 }
@@ -63,14 +63,14 @@ void TimerEvent(XtPointer client_data, XtIntervalId *) {
     if (IsSet(bar, SV_END_TIMER)) {
         SetFlag(bar, SV_END_TIMER, false);
     } else if (IsSet(bar, SV_FIRST_SCROLL)) {
-        XSync(XtDisplay(w), False);
+        XSync(DisplayOf(w), False);
         SetFlag(bar, SV_FIRST_SCROLL, false);
         StartTimer(w, bar.repeat_delay);
     } else if (IsSet(bar, SV_SLIDER_AVAILABLE) && TakeStep(w)) {
         StartTimer(w, bar.repeat_delay);
         ReportStep(w);
     } else {
-        XSync(XtDisplay(w), False);
+        XSync(DisplayOf(w), False);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <Xm/TransltnsP.h>
 
 #include <cstddef>
+#include <utility>
 
 using namespace corvidlmw;
 using namespace corvidlmw::scroll_bar;
@@ -193,13 +194,23 @@ void BackgroundPixelDefault(Widget w, int offset, XrmValue *value) {
     }
 }
 
+// The bars of a client mostly have one background. The toolkit keeps the colours that it derived as
+// well, but takes long to find them.
 void TroughPixelDefault(Widget w, int, XrmValue *value) {
-    Pixel foreground = 0;
-    Pixel top = 0;
-    Pixel bottom = 0;
-    Pixel select = 0;
-    XmGetColors(XtScreen(w), w->core.colormap, w->core.background_pixel, &foreground, &top, &bottom,
-                &select);
+    static Screen *screen = nullptr;
+    static Colormap colormap = None;
+    static Pixel background = 0;
+    static Pixel select = 0;
+    if (screen != ScreenOf(w) || colormap != w->core.colormap ||
+        background != w->core.background_pixel) {
+        screen = ScreenOf(w);
+        colormap = w->core.colormap;
+        background = w->core.background_pixel;
+        Pixel foreground = 0;
+        Pixel top = 0;
+        Pixel bottom = 0;
+        XmGetColors(screen, colormap, background, &foreground, &top, &bottom, &select);
+    }
     HandBack(value, select);
 }
 
@@ -248,6 +259,7 @@ int FlagsAtCreation(const SvScrollBarPart &bar) {
 
 void ClearState(SvScrollBarPart &bar) {
     bar.flags = static_cast<unsigned char>(FlagsAtCreation(bar));
+    bar.foreground_gc = bar.unavailable_gc = nullptr;
     bar.slider_pixmap = bar.slider_mask = bar.trough_pixmap = None;
     bar.sliding_on = bar.etched_slider = False;
     bar.saved_value = bar.value;
@@ -265,8 +277,6 @@ void Initialize(Widget request, Widget new_w, ArgList, Cardinal *) {
     TakeNaturalSize(request, new_w);
     bar.value = ForClient(bar, bar.value);
     ClearState(bar);
-    BuildForegroundGC(new_w);
-    BuildUnavailableGC(new_w);
     XtClass(new_w)->core_class.resize(new_w);
 }
 
@@ -275,6 +285,26 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
     attributes->background_pixel = BarOf(w).trough_color;
     attributes->bit_gravity = ForgetGravity;
     XtCreateWindow(w, InputOutput, CopyFromParent, *mask, attributes);
+}
+
+void FreeCallbacks(Widget w) {
+    const auto &bar = BarOf(w);
+    const std::pair<const char *, XtCallbackList> lists[] = {
+        {XmNvalueChangedCallback, bar.value_changed_callback},
+        {XmNincrementCallback, bar.increment_callback},
+        {XmNdecrementCallback, bar.decrement_callback},
+        {XmNpageIncrementCallback, bar.page_increment_callback},
+        {XmNpageDecrementCallback, bar.page_decrement_callback},
+        {XmNdragCallback, bar.drag_callback},
+        {XmNtoTopCallback, bar.to_top_callback},
+        {XmNtoBottomCallback, bar.to_bottom_callback},
+        {XmNtroughPixmapCallback, bar.trough_pixmap_callback},
+    };
+    for (const auto &[name, list] : lists) {
+        if (list) {
+            XtRemoveAllCallbacks(w, name);
+        }
+    }
 }
 
 // The server ends a grab with the window, but the toolkit would go on sending keys to the widget that
@@ -287,16 +317,11 @@ void Destroy(Widget w) {
     if (IsSet(bar, SV_KEYBOARD_GRABBED)) {
         XtUngrabKeyboard(w, CurrentTime);
     }
-    FreeGCs(w);
+    FreeForegroundGC(w);
+    FreeUnavailableGC(w);
     FreeSliderPixmaps(w);
     FreeTroughPicture(w);
-    const char *const lists[] = {
-        XmNvalueChangedCallback,  XmNincrementCallback,     XmNdecrementCallback,
-        XmNpageIncrementCallback, XmNpageDecrementCallback, XmNdragCallback,
-        XmNtoTopCallback,         XmNtoBottomCallback,      XmNtroughPixmapCallback};
-    for (const char *name : lists) {
-        XtRemoveAllCallbacks(w, name);
-    }
+    FreeCallbacks(w);
 }
 
 } // namespace
@@ -331,22 +356,8 @@ void SvScrollBarSetValues(Widget w, int value, int slider_size, int increment, i
     if (!w || !SvIsScrollBar(w)) {
         return;
     }
-    Arg args[4];
-    Cardinal count = 0;
-    auto set = [&](const char *name, int number) {
-        XtSetArg(args[count], Name(name), number);
-        ++count;
-    };
-    set(XmNvalue, value);
-    set(XmNsliderSize, slider_size);
-    if (increment != 0) {
-        set(XmNincrement, increment);
-    }
-    if (page_increment != 0) {
-        set(XmNpageIncrement, page_increment);
-    }
     const int old_value = BarOf(w).value;
-    XtSetValues(w, args, count);
+    SetNumbers(w, {value, slider_size, increment, page_increment});
     if (notify && BarOf(w).value != old_value) {
         ScrollCallback(w, XmCR_VALUE_CHANGED, {}, nullptr);
     }

@@ -19,6 +19,19 @@ inline XmPrimitivePart &PrimitiveOf(Widget w) {
     return reinterpret_cast<SvScrollBarWidget>(w)->primitive;
 }
 
+// A bar is no gadget: none of the calls that XtDisplay and its kin make for one is needed.
+inline Screen *ScreenOf(Widget w) {
+    return w->core.screen;
+}
+
+inline Display *DisplayOf(Widget w) {
+    return DisplayOfScreen(w->core.screen);
+}
+
+inline Window WindowOf(Widget w) {
+    return w->core.window;
+}
+
 inline bool IsSet(const SvScrollBarPart &bar, int flag) {
     return (bar.flags & flag) != 0;
 }
@@ -106,9 +119,11 @@ void FillRectangle(Display *display, Drawable drawable, GC gc, const Rectangle &
 void DrawRaised(Widget w, Drawable drawable, GC top, GC bottom, const Rectangle &box,
                 int thickness);
 
-void BuildForegroundGC(Widget w);
-void BuildUnavailableGC(Widget w);
-void FreeGCs(Widget w);
+// Both are made when they are needed first: many a bar is never seen, and few are insensitive.
+GC ForegroundGC(Widget w);
+GC UnavailableGC(Widget w);
+void FreeForegroundGC(Widget w);
+void FreeUnavailableGC(Widget w);
 
 // ---- Slider -------------------------------------------------------------------------------------
 
@@ -178,6 +193,15 @@ void InstallNavigator(WidgetClass widget_class);
 // ---- Resource changes ---------------------------------------------------------------------------
 
 Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
+
+// The four numbers of a bar that change most; a step of 0 stays as it is.
+struct Numbers {
+    int value;
+    int slider_size;
+    int increment;
+    int page_increment;
+};
+void SetNumbers(Widget w, const Numbers &numbers);
 
 // ---- Life ---------------------------------------------------------------------------------------
 

@@ -178,7 +178,11 @@ TEST_F(DrawingTest, NoChangeLeavesATraceOfWhatStoodThere) {
         for (int i = 0; i < 150; i++) {
             const char *name = names[random.Between(0, 3)];
             const int most = name == names[3] ? 1 : name == names[1] ? 400 : 90;
-            XtVaSetValues(bar, name, random.Between(0, most), nullptr);
+            if (random.Chance(0.3))
+                SvScrollBarSetValues(bar, random.Between(0, 400), random.Between(1, 50), 1, 0,
+                                     True);
+            else
+                XtVaSetValues(bar, name, random.Between(0, most), nullptr);
             if (random.Chance(0.05))
                 XtVaSetValues(bar, XmNsensitive, random.Chance(0.7), nullptr);
             if (random.Chance(0.05))

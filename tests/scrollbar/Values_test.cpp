@@ -125,6 +125,18 @@ TEST_F(ValuesTest, AnInvertedBarCountsFromTheOtherEndForItsClient) {
     int value = -1, size = -1, increment = -1, page = -1;
     SvScrollBarGetValues(bar, &value, &size, &increment, &page);
     EXPECT_EQ((std::vector<int>{value, size, increment, page}), (std::vector<int>{0, 30, 4, 7}));
+
+    // Who watches all changes of the display sees these, too.
+    int changes = 0;
+    auto count = [](Widget, XtPointer seen, XtPointer) { ++*static_cast<int *>(seen); };
+    XtAddCallback(XtHooksOfDisplay(display), XtNchangeHook, count, &changes);
+    SvScrollBarSetValues(bar, 3, 30, 5, 0, True);
+    EXPECT_GT(changes, 0);
+    XtRemoveCallback(XtHooksOfDisplay(display), XtNchangeHook, count, &changes);
+    EXPECT_EQ(Get(bar, XmNvalue), 3);
+    EXPECT_EQ(Get(bar, XmNincrement), 5);
+    EXPECT_EQ(log.size(), 2u);
+
     SvScrollBarGetValues(board, &value, nullptr, nullptr, nullptr);
     SvScrollBarSetValues(board, 5, 5, 5, 5, True);
     SvScrollBarRedisplay(board);
