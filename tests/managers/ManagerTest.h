@@ -90,15 +90,19 @@ inline CompositeClassRec judge_class = {
 class ManagerTest : public DisplayTest {
 protected:
     Widget manager = nullptr;
+    // The keyboard only gets to children of the toolkit's own managers.
+    bool needs_focus = false;
 
     // A managed one below a parent that grants what is asked, and keeps what it is given.
     template <class... Args>
     void Make(WidgetClass widget_class, Args... args) {
         Judge::requests.clear();
         Judge::answer = nullptr;
-        Widget judge = XtVaCreateManagedWidget("judge", reinterpret_cast<WidgetClass>(&judge_class),
-                                               shell, XtNwidth, 600, XtNheight, 400, nullptr);
-        manager = XtVaCreateManagedWidget("manager", widget_class, judge, args..., nullptr);
+        auto *judge = reinterpret_cast<WidgetClass>(&judge_class);
+        Widget parent = XtVaCreateManagedWidget(
+            "parent", needs_focus ? xmDrawingAreaWidgetClass : judge, shell, XtNwidth, 600,
+            XtNheight, 400, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
+        manager = XtVaCreateManagedWidget("manager", widget_class, parent, args..., nullptr);
     }
 
     // A widget without a mind of its own.
