@@ -258,6 +258,8 @@ void destroy_arc_callback(Widget arc, XtPointer, XtPointer) {
     Widget graph = XtParent(arc);
     DoRemoveArc(graph, arc);
     ForgetObject(graph, arc);
+    // A client's own callback that comes later may not bring it back.
+    ArcOf(arc).internal = reinterpret_cast<XtPointer>(doomed_serial);
 }
 
 void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
@@ -283,7 +285,7 @@ void destroy_node_callback(Widget w, XtPointer client_data, XtPointer) {
 }
 
 void Doom(Widget graph, Widget arc, XtWorkProcId work_proc) {
-    if (SerialOf(arc) != doomed_serial) {
+    if (!IsDoomed(arc)) {
         ArcOf(arc).internal = reinterpret_cast<XtPointer>(doomed_serial);
         StateOf(graph).doomed_arcs.push_back({arc, work_proc});
     }
@@ -320,7 +322,7 @@ void _SetupArcInternal(Widget graph, Widget arc) {
     auto &part = ArcOf(arc);
     NodePtr from = NodeIn(graph, part.from);
     NodePtr to = NodeIn(graph, part.to);
-    if (!from || !to || IsBeingDestroyed(arc) || SerialOf(arc) == doomed_serial) {
+    if (!from || !to || IsBeingDestroyed(arc) || IsDoomed(arc)) {
         Detach(part);
         return;
     }

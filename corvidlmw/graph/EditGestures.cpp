@@ -159,10 +159,13 @@ void EndNodeMotion(Widget w, XEvent *event) {
     RedrawArcs(w);
     graph.current_node = nullptr;
     LeaveDrag(graph, GESTURE_NODE_INDICATED);
-    XmGraphCallbackStruct call_data = MoveData(XmCR_NODE_MOVED, alive[0], event);
-    CallWithLists(w, XmNnodeMovedCallback, call_data);
-    if (!alive.Died()) {
-        CallGraphChanged(w, XmCR_NODE_MOVED, alive[0], true);
+    // A client that destroyed the node hears no more of it.
+    if (alive[0]) {
+        XmGraphCallbackStruct call_data = MoveData(XmCR_NODE_MOVED, node, event);
+        CallWithLists(w, XmNnodeMovedCallback, call_data);
+    }
+    if (alive[0]) {
+        CallGraphChanged(w, XmCR_NODE_MOVED, node, true);
     }
 }
 

@@ -267,8 +267,12 @@ inline unsigned long SerialOf(Widget arc) {
     return reinterpret_cast<unsigned long>(ArcOf(arc).internal);
 }
 
-// The number of an arc that stands in `doomed_arcs`. It is attached to no node any more.
+// The number of an arc that stands in `doomed_arcs`, or whose destroy callbacks have begun.
 constexpr unsigned long doomed_serial = ~0UL;
+
+inline bool IsDoomed(Widget arc) {
+    return SerialOf(arc) == doomed_serial;
+}
 
 // ---- Graph.cpp ----------------------------------------------------------------------------------------
 
@@ -434,6 +438,8 @@ void DeselectAllArcs(Widget graph);
 // The arcs that leave a node to another one, if both ends can be seen.
 void SelectArcsWithSubgraph(Widget graph, NodePtr node);
 void CancelArcsWithSubgraph(Widget graph, NodePtr node);
+// What `subgraph_nodes` holds of this graph.
+std::vector<Widget> SubgraphOf(Widget graph);
 // The node, `subgraph_nodes` and their arcs, with no word of the nodes.
 void SelectSubgraph(Widget graph, Widget root);
 

@@ -118,13 +118,14 @@ Widget GadgetAt(Widget w, Position x, Position y) {
     return top;
 }
 
-// A window that is no child's is nothing.
+// A window that is no living child's is nothing.
 Widget PickObject(Widget w, XEvent *event, bool with_arcs) {
     Widget object = _XmGraphPickChild(w, event, with_arcs ? True : False);
     if (!object || XmIsArc(object)) {
         return object;
     }
-    return XtParent(object) == w && XtIsRectObj(object) && NodeOf(object) ? object : nullptr;
+    NodePtr node = XtParent(object) == w && XtIsRectObj(object) ? NodeOf(object) : nullptr;
+    return node && node->widget ? object : nullptr;
 }
 
 // ---- Tables --------------------------------------------------------------------------------------

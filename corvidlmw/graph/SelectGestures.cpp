@@ -130,24 +130,22 @@ void Withdraw(Widget w, Widget node) {
 
 void WithdrawSubgraph(Widget w) {
     Withdraw(w, GraphOf(w).indicated);
-    for (Widget node : WidgetsOf(Nodes(subgraph_nodes))) {
-        if (XtParent(node) == w) {
-            Withdraw(w, node);
-        }
+    for (Widget node : SubgraphOf(w)) {
+        Withdraw(w, node);
     }
 }
 
 void SelectSubgraphAloud(Widget w, Widget root, XEvent *event) {
-    std::vector<Widget> reached = WidgetsOf(Nodes(subgraph_nodes));
+    std::vector<Widget> reached = SubgraphOf(w);
     reached.insert(reached.begin(), root);
     const LivingCopy nodes(w, std::move(reached));
     DeselectAll(w);
     // The root is among those that it reaches, so the client hears of it twice.
     for (Widget const &node : nodes) {
-        if (node && XtParent(node) == w) {
+        if (node) {
             SelectNode(w, node, true);
         }
-        if (node && XtParent(node) == w) {
+        if (node) {
             SelectArcsWithSubgraph(w, NodeOf(node));
         }
     }

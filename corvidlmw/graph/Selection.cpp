@@ -36,8 +36,9 @@ void Clear(XmGraphNodeList &list) {
     list.count = 0;
 }
 
+// One that waits for its death has left all lists for good.
 Widget ArcIn(Widget w, Widget arc) {
-    return arc && XmIsArc(arc) && XtParent(arc) == w ? arc : nullptr;
+    return arc && XmIsArc(arc) && XtParent(arc) == w && !IsDoomed(arc) ? arc : nullptr;
 }
 
 // Any child that has a record, the super-root too; zero for others.
@@ -277,13 +278,19 @@ void CancelArcsWithSubgraph(Widget w, NodePtr node) {
     }
 }
 
+// The list is shared and may hold nodes of another graph, whose death this one would not hear of.
+std::vector<Widget> SubgraphOf(Widget w) {
+    std::vector<Widget> nodes = WidgetsOf(Nodes(subgraph_nodes));
+    std::erase_if(nodes, [&](Widget node) { return XtParent(node) != w; });
+    return nodes;
+}
+
 void SelectSubgraph(Widget w, Widget root) {
-    std::vector<Widget> reached = WidgetsOf(Nodes(subgraph_nodes));
+    std::vector<Widget> reached = SubgraphOf(w);
     reached.insert(reached.begin(), root);
     const LivingCopy nodes(w, std::move(reached));
     for (Widget node : nodes) {
-        // The list is shared and may hold nodes of another graph.
-        if (node && XtParent(node) == w) {
+        if (node) {
             SelectNode(w, node, false);
             SelectArcsWithSubgraph(w, NodeOf(node));
         }
