@@ -24,10 +24,6 @@ int Pick(const SvScrollBarPart &bar, const TwoDIntRec &pair) {
     return DimensionsOf(bar) & NavigDimensionX ? pair.x : pair.y;
 }
 
-void Put(const SvScrollBarPart &bar, TwoDIntRec &pair, int number) {
-    (DimensionsOf(bar) & NavigDimensionX ? pair.x : pair.y) = number;
-}
-
 // ---- The trait's procedures ---------------------------------------------------------------------
 
 void ChangeMoveCallback(Widget w, XtCallbackProc callback, XtPointer closure, Boolean set) {
@@ -51,11 +47,15 @@ const Setting settings[] = {
     {NavValue, XmNvalue, &XmNavigatorDataRec::value},
 };
 
-// All at once, since new limits and a new value often fit only each other.
+// A scrolled window tells all of its bars of each change, also of those in the other dimension. The
+// numbers are set all at once, since new limits and a new value often fit only each other.
 void SetValue(Widget w, XmNavigatorData data, Boolean notify) {
     auto &bar = BarOf(w);
     if (data->valueMask & NavDimMask) {
         bar.internal = reinterpret_cast<XtPointer>(data->dimMask);
+    }
+    if (!(data->dimMask & DimensionsOf(bar))) {
+        return;
     }
     Arg args[XtNumber(settings)];
     Cardinal count = 0;
@@ -74,17 +74,21 @@ void SetValue(Widget w, XmNavigatorData data, Boolean notify) {
     }
 }
 
+// Only what the mask asks for.
 void GetValue(Widget w, XmNavigatorData data) {
     const auto &bar = BarOf(w);
-    data->valueMask = NavValue | NavMinimum | NavMaximum | NavSliderSize | NavIncrement |
-                      NavPageIncrement | NavDimMask;
     data->dimMask = DimensionsOf(bar);
-    Put(bar, data->value, ForClient(bar, bar.value));
-    Put(bar, data->minimum, bar.minimum);
-    Put(bar, data->maximum, bar.maximum);
-    Put(bar, data->slider_size, bar.slider_size);
-    Put(bar, data->increment, bar.increment);
-    Put(bar, data->page_increment, bar.page_increment);
+    auto put = [&](Mask bit, TwoDIntRec &pair, int number) {
+        if (data->valueMask & bit) {
+            (DimensionsOf(bar) & NavigDimensionX ? pair.x : pair.y) = number;
+        }
+    };
+    put(NavValue, data->value, ForClient(bar, bar.value));
+    put(NavMinimum, data->minimum, bar.minimum);
+    put(NavMaximum, data->maximum, bar.maximum);
+    put(NavSliderSize, data->slider_size, bar.slider_size);
+    put(NavIncrement, data->increment, bar.increment);
+    put(NavPageIncrement, data->page_increment, bar.page_increment);
 }
 
 XmNavigatorTraitRec navigator = {

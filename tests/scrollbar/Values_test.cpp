@@ -2,9 +2,12 @@
 
 #include <tests/scrollbar/ScrollBarTest.h>
 
+#include <Xm/NavigatorT.h>
 #include <Xm/ScrolledW.h>
+#include <Xm/TraitP.h>
 
 #include <climits>
+#include <cstring>
 
 namespace corvidlmw::test {
 namespace {
@@ -224,6 +227,60 @@ TEST_F(ValuesTest, AScrolledWindowTakesItForItsBar) {
     }
     EXPECT_EQ(Get(Make(), XmNtraversalOn) & 0xff, True) << "it sticks";
     Show();
+}
+
+// The numbers that a bar gives a scrolled window for x and y, of those that it is asked for.
+std::vector<int> Navigated(Widget bar, Mask asked) {
+    auto *trait = static_cast<XmNavigatorTrait>(XmeTraitGet(XtClass(bar), XmQTnavigator));
+    XmNavigatorDataRec data;
+    std::memset(&data, 0x55, sizeof data);
+    data.valueMask = asked;
+    trait->getValue(bar, &data);
+    std::vector<int> numbers = {static_cast<int>(data.dimMask)};
+    for (const TwoDIntRec &pair : {data.value, data.minimum, data.maximum, data.slider_size,
+                                   data.increment, data.page_increment})
+        numbers.insert(numbers.end(), {pair.x, pair.y});
+    return numbers;
+}
+
+TEST_F(ValuesTest, ItIsNavigatedAsTheToolkitsBar) {
+    std::vector<std::vector<int>> answers[2];
+    for (int k = 0; k < 2; k++) {
+        Widget bar = Make({{XmNorientation, XmHORIZONTAL}, {XmNprocessingDirection, XmMAX_ON_LEFT}},
+                          k ? svScrollBarWidgetClass : xmScrollBarWidgetClass);
+        auto *trait = static_cast<XmNavigatorTrait>(XmeTraitGet(XtClass(bar), XmQTnavigator));
+        BarLog log;
+        log.Add(bar, XmNvalueChangedCallback);
+        int moves = 0;
+        auto count = [](Widget, XtPointer seen, XtPointer) { ++*static_cast<int *>(seen); };
+        trait->changeMoveCB(bar, count, &moves, True);
+        XmNavigatorDataRec data{};
+        auto set = [&](Mask values, Mask dimensions, Boolean notify) {
+            data.valueMask = values;
+            data.dimMask = dimensions;
+            trait->setValue(bar, &data, notify);
+            answers[k].push_back(Navigated(bar, 0x7f));
+            answers[k].push_back({static_cast<int>(log.size()), moves});
+        };
+        set(NavDimMask, NavigDimensionX, True);
+        data.value = {20, 30};
+        data.maximum = {200, 300};
+        data.slider_size = {7, 8};
+        set(NavValue | NavMaximum | NavSliderSize, NavigDimensionX, True);
+        data.value = {21, 31};
+        set(NavValue, NavigDimensionY, True); // another bar's
+        set(NavValue, NavigDimensionX | NavigDimensionY, False);
+        data.increment = {4, 5};
+        data.page_increment = {40, 50};
+        set(NavIncrement | NavPageIncrement, NavigDimensionX, True);
+        set(NavDimMask, NavigDimensionY, True);
+        data.minimum = {2, 3};
+        set(NavMinimum | NavValue, NavigDimensionY, True);
+        answers[k].push_back(Navigated(bar, NavMaximum | NavIncrement));
+        trait->changeMoveCB(bar, count, &moves, False);
+        set(NavValue, NavigDimensionX | NavigDimensionY, True);
+    }
+    EXPECT_EQ(answers[0], answers[1]);
 }
 
 } // namespace
