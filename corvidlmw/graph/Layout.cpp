@@ -375,9 +375,14 @@ void ConvertSpacing(Widget w, int child_units, int sibling_units) {
 void LayoutNow(Widget w) {
     auto &graph = GraphOf(w);
     const FigureLift lift(w);
+    const Watch watch(w);
     graph.layed_out = False;
     if (NumChildrenOf(w) > 1 && graph.layout_proc) {
         (*graph.layout_proc)(w);
+    }
+    // It may have run in the middle of a drag, which looks at the dragged nodes only.
+    if (!watch.Died()) {
+        ForgetNodeIndex(w);
     }
 }
 
@@ -519,6 +524,7 @@ void XmGraphRelaySubgraph(Widget w, Widget widget) {
         SetMapped(listed, true);
     }
     SetMapped(node, true);
+    ForgetNodeIndex(w);
     DrawArcsTo(nodes);
     std::fill_n(subgraph_nodes.items, subgraph_nodes.count, nullptr);
     subgraph_nodes.count = 0;

@@ -4,7 +4,8 @@
 // The indices run parallel to `arcs` and to the children. Whoever changes a list, or what an arc looks like,
 // calls one of the two that forget. Nobody tells of nodes that move: the toolkit may move a gadget without a word. So
 // each question first compares all nodes with the places that it knows, which is one read of each. While the
-// user drags nodes only those are looked at that the graph itself has moved: the release redraws all.
+// user drags nodes only those are looked at that the graph itself has moved: the release redraws all. What
+// moves many nodes at once forgets the index, as a drag may be running.
 
 #include <corvidlmw/graph/GraphI.h>
 

@@ -441,6 +441,7 @@ void XmGraphMoveAll(Widget w, int dx, int dy) {
                           CutToPosition(child->core.y + CutToPosition(dy)));
         }
     }
+    ForgetNodeIndex(w);
     for (Widget arc : Arcs(w)) {
         DrawArc(arc);
     }
