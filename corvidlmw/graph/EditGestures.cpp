@@ -12,16 +12,12 @@ namespace {
 
 // ---- Shared --------------------------------------------------------------------------------------
 
+// After a drag, in which arcs were erased together with what they crossed. All is cleared first, since
+// antialiased text would get bolder where it stands already.
 void RedrawArcs(Widget w) {
-    if (!HasWindow(w)) {
-        return;
+    if (HasWindow(w)) {
+        RepaintBoxes(w, {VisibleRectangle(w)});
     }
-    for (Widget arc : Arcs(w)) {
-        if (!IsBeingDestroyed(arc)) {
-            DrawArc(arc);
-        }
-    }
-    _RefreshGadgets(w, nullptr);
 }
 
 Segment RubberLine(const XmGraphPart &graph) {
