@@ -189,10 +189,10 @@ struct GraphState {
     SharedFonts fonts;
     PaintIndex painted;
     Figure figure;
-    int figure_lifts = 0; // how often it was taken away for a drawing
-    Rectangle figure_trace;          // around all that it was in this gesture
-    bool figure_spoiled = false;     // something was painted there without a lift
-    bool figure_unsettled = false;   // exposures from before its removal may still come
+    int figure_lifts = 0;               // how often it was taken away for a drawing
+    Rectangle figure_trace;             // around all that it was in this gesture
+    bool figure_spoiled = false;        // something was painted there without a lift
+    bool figure_unsettled = false;      // exposures from before its removal may still come
     unsigned long figure_hidden_at = 0; // the request that removed it
     // What was erased since the outermost DamageRepair began.
     std::vector<Rectangle> damage;

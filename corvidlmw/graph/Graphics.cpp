@@ -128,10 +128,9 @@ GC BuildXorGC(Widget w) {
     values.background = w->core.background_pixel;
     values.line_style = LineSolid;
     values.subwindow_mode = IncludeInferiors;
-    return XtGetGC(w,
-                   GCFunction | GCForeground | GCBackground | GCLineWidth | GCLineStyle |
-                       GCSubwindowMode,
-                   &values);
+    return XtGetGC(
+        w, GCFunction | GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCSubwindowMode,
+        &values);
 }
 
 GC BuildOverviewGC(Widget w, Pixel color) {

@@ -38,9 +38,10 @@ protected:
         named = {{"p", Attach("p", a, b)}, {"q", Attach("q", a, w)}, {"r", Attach("r", w, box)}};
         for (Widget node : NodesOf(graph))
             named[XtName(node)] = node;
-        places = {{"a", {50, 50}},   {"a2", {60, 60}},  {"b", {250, 50}},   {"c", {450, 50}},   {"d", {510, 50}},
-                  {"w", {50, 170}},  {"box", {245, 165}}, {"in", {270, 190}}, {"p", {120, 60}},
-                  {"p2", {220, 60}}, {"q", {70, 120}},  {"-", {450, 350}},  {"m", {400, 300}}};
+        places = {{"a", {50, 50}},  {"a2", {60, 60}},  {"b", {250, 50}},    {"c", {450, 50}},
+                  {"d", {510, 50}}, {"w", {50, 170}},  {"box", {245, 165}}, {"in", {270, 190}},
+                  {"p", {120, 60}}, {"p2", {220, 60}}, {"q", {70, 120}},    {"-", {450, 350}},
+                  {"m", {400, 300}}};
     }
 
     void AddNodes() {
@@ -84,9 +85,10 @@ protected:
     std::vector<Widget> Highlighted() {
         Widgets found;
         for (Widget node : NodesOf(graph))
-            if (XmIsGadget(node) ? reinterpret_cast<XmGadget>(node)->gadget.highlighted
-                                 : XmIsPrimitive(node) && reinterpret_cast<XmPrimitiveWidget>(node)
-                                                              ->primitive.highlighted)
+            if (XmIsGadget(node)
+                    ? reinterpret_cast<XmGadget>(node)->gadget.highlighted
+                    : XmIsPrimitive(node) &&
+                          reinterpret_cast<XmPrimitiveWidget>(node)->primitive.highlighted)
                 found.push_back(node);
         for (Widget arc : ArcsOf(graph))
             if (ArcPartOf(arc).highlight)
@@ -158,9 +160,8 @@ protected:
     Widget subject = nullptr; // is called x
     bool tell_highlights = false;
     std::function<void(XmGraphCallbackStruct &)> answer;
-    CallbackLog<std::string> log{[this](XtPointer data) {
-        return Tell(*static_cast<XmGraphCallbackStruct *>(data));
-    }};
+    CallbackLog<std::string> log{
+        [this](XtPointer data) { return Tell(*static_cast<XmGraphCallbackStruct *>(data)); }};
 
 private:
     void Do(const std::string &word) {
@@ -174,8 +175,7 @@ private:
                                   : word == "^S" ? ShiftMask
                                   : word == "^M" ? Mod1Mask
                                                  : 0u;
-            held ? PressModifiers(modifiers = held)
-                 : ReleaseModifiers(std::exchange(modifiers, 0));
+            held ? PressModifiers(modifiers = held) : ReleaseModifiers(std::exchange(modifiers, 0));
         } else {
             const XPoint at = places.at(word);
             MoveTo(graph, at.x, at.y);

@@ -30,9 +30,15 @@ protected:
     void Prepare() {
         answer = [](XmGraphCallbackStruct &data) { data.doit = False; };
         Listen({XmNnewNodeCallback});
-        places.insert({{"s1", {20, 100}}, {"s2", {320, 190}}, {"s3", {300, 180}}, {"s4", {30, 120}},
-                       {"w2", {80, 190}}, {"n2", {230, 180}}, {"n3", {150, 130}},
-                       {"t2", {60, 230}}, {"t3", {60, 130}}});
+        places.insert({{"s1", {20, 100}},
+                       {"s2", {320, 190}},
+                       {"s3", {300, 180}},
+                       {"s4", {30, 120}},
+                       {"w2", {80, 190}},
+                       {"n2", {230, 180}},
+                       {"n3", {150, 130}},
+                       {"t2", {60, 230}},
+                       {"t3", {60, 130}}});
     }
 
     void UncoverAll() {
@@ -53,9 +59,9 @@ protected:
     void Cover(XRectangle r) {
         XSetWindowAttributes attributes{};
         attributes.override_redirect = True;
-        const Window over =
-            XCreateWindow(display, DefaultRootWindow(display), r.x, r.y, r.width, r.height, 0,
-                          CopyFromParent, InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+        const Window over = XCreateWindow(display, DefaultRootWindow(display), r.x, r.y, r.width,
+                                          r.height, 0, CopyFromParent, InputOutput, CopyFromParent,
+                                          CWOverrideRedirect, &attributes);
         XMapRaised(display, over);
         Pump();
         XDestroyWindow(display, over);
@@ -70,7 +76,10 @@ TEST_F(GestureDrawing, ARubberFigureIsRemovedExactlyWhateverCameBetween) {
     const std::pair<const char *, std::function<void()>> events[] = {
         {"nothing", [] {}},
         {"a clearing", [&] { XClearArea(display, XtWindow(graph), 60, 90, 200, 110, True); }},
-        {"a window", [&] { Cover({90, 90, 300, 110}); }},
+        {"a window",
+         [&] {
+             Cover({90, 90, 300, 110});
+         }},
         {"a gadget moved", [&] { XmGraphMoveNode(graph, d, 300, 110); }},
         {"a window moved", [&] { XmGraphMoveNode(graph, w, 60, 150); }},
         {"a window moved by its resource", [&] { set(w, XmNx, 30); }},
@@ -80,12 +89,24 @@ TEST_F(GestureDrawing, ARubberFigureIsRemovedExactlyWhateverCameBetween) {
         {"arc", [&] { set(named["q"], XmNforeground, Colour("green")); }},
         {"label", [&] { set(named["r"], XmNmapLabel, True); }},
         {"gadget's colour", [&] { set(d, XmNforeground, Colour("red")); }},
-        {"selected", [&] { XmGraphSelectNode(graph, b, True); XmGraphSelectArc(graph, named["r"], True); }},
+        {"selected",
+         [&] {
+             XmGraphSelectNode(graph, b, True);
+             XmGraphSelectArc(graph, named["r"], True);
+         }},
         {"layout", [&] { XmGraphLayout(graph); }},
         {"a dead arc", [&] { XtDestroyWidget(named["p"]); }},
         {"unmanaged", [&] { XtUnmanageChild(b); }},
-        {"read only", [&] { set(graph, XmNeditable, False); set(graph, XmNeditable, True); }},
-        {"unmapped", [&] { XtUnmanageChild(graph); XtManageChild(graph); }},
+        {"read only",
+         [&] {
+             set(graph, XmNeditable, False);
+             set(graph, XmNeditable, True);
+         }},
+        {"unmapped",
+         [&] {
+             XtUnmanageChild(graph);
+             XtManageChild(graph);
+         }},
     };
     for (const auto &gesture : gestures)
         for (const auto &[event, act] : events)

@@ -95,7 +95,11 @@ TEST_F(Gestures, AnArcIsSelectedAsANodeIsButDeselectsArcsFirst) {
 
 TEST_F(Gestures, WithCtrlOneIsAddedAndNothingTakenAway) {
     ExpectForEachNode({
-        {"a p", "^C x 1 . _", "3(a x p)indicate 13(a x p)ptr", {"selectNode 47 x [a x|p]"}, "[a x|p]"},
+        {"a p",
+         "^C x 1 . _",
+         "3(a x p)indicate 13(a x p)ptr",
+         {"selectNode 47 x [a x|p]"},
+         "[a x|p]"},
         {"", "^C x 1 - x . _", "3(x)indicate 4 3(x) 13(x)ptr", {"selectNode 47 x [x|]"}, "[x|]"},
         {"", "^C x 1 a p x a . _", "3(x)indicate 4 4 3(x) 4 0ptr", {}, "[|]"},
         {"a x", "^C x 1 - . _", "16(a x) 16(a x) 0(a x)ptr", {}, "[a x|]"},
@@ -129,14 +133,15 @@ TEST_F(Gestures, WithShiftTheSubgraphIsSelectedTentativelyWhileThePointerMovesOv
     const Lines deselected = {"deselect 58 - [a b w box|p q r] i", "deselect 57 - [|p q r] i"};
     Expect({
         {"", "^S a 1 . _", "17indicate 0(a b w p q r)ptr", released, "[a b w box|p q r]"},
-        {"", "^S a 1 a2 a . _",
-         "17indicate 17(a b w p q r) 17(a b w p q r) 0(a b w p q r)ptr",
+        {"", "^S a 1 a2 a . _", "17indicate 17(a b w p q r) 17(a b w p q r) 0(a b w p q r)ptr",
          then(then(moved, {"selectArc 48 p [a b w box|p q r]", "selectArc 48 q [a b w box|p q r]",
                            "selectArc 48 p [a b w box|p q r]", "selectArc 48 q [a b w box|p q r]",
                            "selectArc 48 r [a b w box|p q r]"}),
               then(deselected, released)),
          "[a b w box|p q r]"},
-        {"c", "^S a 1 a2 - . _", "17(c)indicate 17(a b w c p q r) 17(c) 0(c)ptr",
+        {"c",
+         "^S a 1 a2 - . _",
+         "17(c)indicate 17(a b w c p q r) 17(c) 0(c)ptr",
          {"selectArc 48 p [c a|p]", "selectArc 48 q [c a|p q]", "selectArc 48 p [c a|p q]",
           "selectArc 48 q [c a|p q]", "selectArc 48 r [c a b w|p q r]"},
          "[c|]"},
@@ -156,10 +161,13 @@ TEST_F(Gestures, WhereTwinsShowOneBehindTheFirstStaysSelected) {
     XtSetMappedWhenManaged(w, False); // a gadget at the other end counts all the same
     Pump();
     log.Clear();
-    Expect({{"", "^S a 1 a2 d . _", "17indicate 17(a b p q p') 18(p') 0(p')ptr",
-             {"selectArc 48 p [a|p]", "selectArc 48 q [a|p q]", "selectArc 48 p' [a|p q p']",
-              "selectArc 48 p [a|p q p']", "selectArc 48 q [a|p q p']", "selectArc 48 p' [a|p q p']"},
-             "[|p']"}});
+    Expect(
+        {{"",
+          "^S a 1 a2 d . _",
+          "17indicate 17(a b p q p') 18(p') 0(p')ptr",
+          {"selectArc 48 p [a|p]", "selectArc 48 q [a|p q]", "selectArc 48 p' [a|p q p']",
+           "selectArc 48 p [a|p q p']", "selectArc 48 q [a|p q p']", "selectArc 48 p' [a|p q p']"},
+          "[|p']"}});
     XtVaSetValues(graph, XmNtwinsVisible, False, nullptr);
     Expect({{"p p'", "^S a 1 d . _", "17(p p')indicate 18 0ptr", {}, "[|]"}});
 }
@@ -216,22 +224,38 @@ TEST_F(Gestures, TwoReleasesInTimeAreADoubleClick) {
 // ---- Sweeping -------------------------------------------------------------------------------------
 
 TEST_F(Gestures, ASweepSelectsWhatLiesWhollyInside) {
-    places["ab"] = {20, 20}, places["ab'"] = {310, 90};     // a, b and p
-    places["p1"] = {95, 30}, places["p1'"] = {245, 70};     // p, and no node wholly
-    places["c1"] = {430, 30}, places["c1'"] = {485, 90};    // c
-    places["cd'"] = {550, 90};                              // d too
+    places["ab"] = {20, 20}, places["ab'"] = {310, 90};  // a, b and p
+    places["p1"] = {95, 30}, places["p1'"] = {245, 70};  // p, and no node wholly
+    places["c1"] = {430, 30}, places["c1'"] = {485, 90}; // c
+    places["cd'"] = {550, 90};                           // d too
     places["far"] = {380, 130}, places["origin"] = {0, 0};
     Expect({
-        {"", "ab 1 ab' .", "26topleft 26topleft 0(a b p)ptr",
-         {"selectNode 63 a [a b|p] i e", "selectArc 63 p [a b|p] i e"}, "[a b|p]"},
-        {"", "c1 1 cd' .", "26topleft 26topleft 0(c d)ptr", {"selectNode 61 c [c d|] i e"}, "[c d|]"},
-        {"", "cd' 1 c1 .", "26topleft 26topleft 0(c d)ptr", {"selectNode 61 c [c d|] i e"}, "[c d|]"},
+        {"",
+         "ab 1 ab' .",
+         "26topleft 26topleft 0(a b p)ptr",
+         {"selectNode 63 a [a b|p] i e", "selectArc 63 p [a b|p] i e"},
+         "[a b|p]"},
+        {"",
+         "c1 1 cd' .",
+         "26topleft 26topleft 0(c d)ptr",
+         {"selectNode 61 c [c d|] i e"},
+         "[c d|]"},
+        {"",
+         "cd' 1 c1 .",
+         "26topleft 26topleft 0(c d)ptr",
+         {"selectNode 61 c [c d|] i e"},
+         "[c d|]"},
         {"", "c1 1 c1' .", "26topleft 26topleft 0(c)ptr", {"selectNode 47 c [c|] i e"}, "[c|]"},
         {"", "p1 1 p1' .", "26topleft 26topleft 0(p)ptr", {"selectArc 48 p [|p] i e"}, "[|p]"},
-        {"c q", "m 1 - .", "26topleft 26topleft 0ptr",
-         {"deselect 58 - [c|q] i", "deselect 57 - [|q] i"}, "[|]"},
+        {"c q",
+         "m 1 - .",
+         "26topleft 26topleft 0ptr",
+         {"deselect 58 - [c|q] i", "deselect 57 - [|q] i"},
+         "[|]"},
         {"", "m 1 . ", "26topleft 0ptr", {}, "[|]"},
-        {"", "far 1 origin .", "26topleft 26topleft 0(a b p)ptr",
+        {"",
+         "far 1 origin .",
+         "26topleft 26topleft 0(a b p)ptr",
          {"selectNode 63 dummy [dummy a b|p] i e", "selectArc 63 p [dummy a b|p] i e"},
          "[dummy a b|p]"},
     });
@@ -246,10 +270,12 @@ TEST_F(Gestures, ASweepSelectsWhatLiesWhollyInside) {
 TEST_F(Gestures, ASweepsEndsAreTakenWithTheBoundsAndItsCursorFollowsTheMotionBefore) {
     places["o"] = {400, 300}, places["se"] = {410, 310}, places["ne"] = {410, 290};
     places["sw"] = {390, 310}, places["e"] = {410, 300};
-    Expect({{"", "o 1 se ne sw e - o .",
+    Expect({{"",
+             "o 1 se ne sw e - o .",
              "26topleft 26topleft 26bottomright 26topright 26bottomleft 26topright 26bottomright "
              "0ptr",
-             {}, "[|]"}});
+             {},
+             "[|]"}});
     // The ends of p are (100, 60) and (239, 60): on the bounds, and a pixel inside of them.
     const Place start = {ArcPartOf(named["p"]).from ? named["p"]->core.x : 0, 60};
     const int end = static_cast<Position>(named["p"]->core.width);
@@ -308,14 +334,20 @@ TEST_F(Gestures, ResourcesForbid) {
         {XmNallowMultipleSelections, "", "a 1 .", "1(a)indicate 0(a)ptr", {"selectNode 47 a [a|]"}},
         {XmNselectableArcs, "c", "q 1 - .", "0(c) 0(c) 0(c)ptr", {}},
         {XmNselectableArcs, "c", "^C q 1 - . _", "0(c) 0(c) 0(c)ptr", {}},
-        {XmNselectableArcs, "", "a 2 . q 1 .", "9motion 1ptr 1 0ptr",
+        {XmNselectableArcs,
+         "",
+         "a 2 . q 1 .",
+         "9motion 1ptr 1 0ptr",
          {"nodeMoved 43 a i e", "graphChanged 43 a i"}},
         {XmNmovableNodes, "", "a 2 - .", "0 0 0ptr", {}},
         {XmNmovableNodes, "", "w 2 - .", "0 0 0ptr", {}},
         {XmNmovableNodes, "", "q 2 .", "10parent 10ptr", {}},
         {XmNeditableArcs, "", "q 2 - .", "0 0 0ptr", {}},
         {XmNeditableArcs, "", "^S a 2 - . _", "0 0 0ptr", {}},
-        {XmNeditableArcs, "", "^S m 2 . _", "23motion 0ptr",
+        {XmNeditableArcs,
+         "",
+         "^S m 2 . _",
+         "23motion 0ptr",
          {"newNode 42 Node i e", "graphChanged 42 Node i", "graphChanged 64 -"}},
         {XmNokToAdd, "", "^S a 2 - . _", "0 0 0ptr", {}},
         {XmNokToAdd, "", "^S - 2 m . _", "0 0 0ptr", {}},
@@ -400,8 +432,8 @@ TEST_F(Gestures, AllSelectedNodesMoveTogetherWithThePointer) {
     EXPECT_EQ(PlacesOf({c, a, w, b}), moved(10, -60));
     EXPECT_EQ(Run("."), "1(a w c)ptr");
     EXPECT_EQ(PlacesOf({c, a, w, b}), (Places{{450, 0}, {50, 0}, {50, 120}, {240, 60}}));
-    EXPECT_EQ(Heard(), (Lines{"graphChanged 66 -", "nodeMoved 60 c [c a w|] i e",
-                              "graphChanged 60 - i"}));
+    EXPECT_EQ(Heard(),
+              (Lines{"graphChanged 66 -", "nodeMoved 60 c [c a w|] i e", "graphChanged 60 - i"}));
     Preselect("c w");
     places["a"] = {60, 10};
     EXPECT_EQ(Run("a 2 ."), "9(w c)motion 1(w c)ptr") << "one that is not selected moves alone";
@@ -412,7 +444,9 @@ TEST_F(Gestures, AllSelectedNodesMoveTogetherWithThePointer) {
 
 TEST_F(Gestures, AnArcsNearerEndMovesToTheNodeThatItIsDroppedOn) {
     Widget p = named["p"];
-    auto ends = [&] { return XtName(ArcPartOf(p).from) + std::string(">") + XtName(ArcPartOf(p).to); };
+    auto ends = [&] {
+        return XtName(ArcPartOf(p).from) + std::string(">") + XtName(ArcPartOf(p).to);
+    };
     places["mid"] = {170, 60};
     places["near b"] = {171, 60};
     const struct {
@@ -420,14 +454,22 @@ TEST_F(Gestures, AnArcsNearerEndMovesToTheNodeThatItIsDroppedOn) {
         Lines heard;
         const char *ends;
     } rows[] = {
-        {"p 2 - w .", "10(c)parent 10(c) 10(c) 5(c)ptr",
-         {"arcMoved 44 p [c|] a>b w>b i e", "graphChanged 44 p i"}, "w>b"},
-        {"p2 2 c .", "10(c)child 10(c) 5(c)ptr", {"arcMoved 44 p [c|] a>b a>c i e", "graphChanged 44 p i"},
+        {"p 2 - w .",
+         "10(c)parent 10(c) 10(c) 5(c)ptr",
+         {"arcMoved 44 p [c|] a>b w>b i e", "graphChanged 44 p i"},
+         "w>b"},
+        {"p2 2 c .",
+         "10(c)child 10(c) 5(c)ptr",
+         {"arcMoved 44 p [c|] a>b a>c i e", "graphChanged 44 p i"},
          "a>c"},
-        {"mid 2 box .", "10(c)parent 10(c) 5(c)ptr",
-         {"arcMoved 44 p [c|] a>b box>b i e", "graphChanged 44 p i"}, "box>b"},
-        {"p 2 b .", "10(c)parent 10(c) 5(c)ptr",
-         {"arcMoved 44 p [c|] a>b b>b i e", "graphChanged 44 p i"}, "b>b"},
+        {"mid 2 box .",
+         "10(c)parent 10(c) 5(c)ptr",
+         {"arcMoved 44 p [c|] a>b box>b i e", "graphChanged 44 p i"},
+         "box>b"},
+        {"p 2 b .",
+         "10(c)parent 10(c) 5(c)ptr",
+         {"arcMoved 44 p [c|] a>b b>b i e", "graphChanged 44 p i"},
+         "b>b"},
         {"p 2 - .", "10(c)parent 10(c) 10(c)ptr", {}, "a>b"},
         {"p 2 q .", "10(c)parent 10(c) 10(c)ptr", {}, "a>b"},
         {"p2 2 - b .", "10(c)child 10(c) 10(c) 10(c)ptr", {}, "a>b"},
@@ -468,7 +510,8 @@ TEST_F(Gestures, ANewNodeStandsWhereTheButtonWasReleased) {
     EXPECT_EQ(outline("-").size(), 4u);
     EXPECT_EQ(Run("m ."), "23 0ptr");
     Run("_");
-    EXPECT_EQ(Heard(), (Lines{"newNode 42 Node i e", "graphChanged 42 Node i", "graphChanged 64 -"}));
+    EXPECT_EQ(Heard(),
+              (Lines{"newNode 42 Node i e", "graphChanged 42 Node i", "graphChanged 64 -"}));
     EXPECT_EQ(PlaceOf(Last()), (Place{400, 300}));
     EXPECT_TRUE(XtIsSubclass(Last(), xmPushButtonWidgetClass) && XtIsRealized(Last()));
     const Place size = SizeOf(Last());
@@ -498,11 +541,14 @@ TEST_F(Gestures, ANewArcMustLeaveItsSourceAndMayComeBack) {
         const char *script, *trace;
         Lines heard;
     } rows[] = {
-        {"^S a 2 a2 - c . _", "25parent 25 24child 24 0ptr",
+        {"^S a 2 a2 - c . _",
+         "25parent 25 24child 24 0ptr",
          {"newArc 41 arc a>c i e", "graphChanged 64 -", "graphChanged 41 arc i"}},
-        {"^S w 2 - box . _", "25parent 24child 24 0ptr",
+        {"^S w 2 - box . _",
+         "25parent 24child 24 0ptr",
          {"newArc 41 arc w>box i e", "graphChanged 64 -", "graphChanged 41 arc i"}},
-        {"^S a 2 - a . _", "25parent 24child 24 0ptr",
+        {"^S a 2 - a . _",
+         "25parent 24child 24 0ptr",
          {"newArc 41 arc a>a i e", "graphChanged 64 -", "graphChanged 41 arc i"}},
         {"^S a 2 b . _", "25parent 25 25ptr", {}},
         {"^S a 2 p . _", "25parent 24child 0ptr", {}},
@@ -538,8 +584,11 @@ TEST_F(Gestures, ANewArcMustLeaveItsSourceAndMayComeBack) {
 TEST_F(Gestures, TheLayoutModeChangesForTheLengthOfAnAddition) {
     const struct {
         int mode, node, arc;
-    } rows[] = {
-        {XmNEVER, 0, 0}, {XmALWAYS, 1, 1}, {XmARCS_ONLY, 0, 1}, {XmNODES_ONLY, 1, 0}, {XmPARTIAL, 0, 0}};
+    } rows[] = {{XmNEVER, 0, 0},
+                {XmALWAYS, 1, 1},
+                {XmARCS_ONLY, 0, 1},
+                {XmNODES_ONLY, 1, 0},
+                {XmPARTIAL, 0, 0}};
     int &mode = GraphPartOf(graph).auto_layout_mode;
     XtVaSetValues(
         graph, XmNlayoutProc, +[](Widget) {}, nullptr);
@@ -560,8 +609,8 @@ TEST_F(Gestures, TheLayoutModeChangesForTheLengthOfAnAddition) {
             EXPECT_EQ(mode, row.mode);
         }
         // A node is told of twice within, an arc for the second time after, if they are not refused.
-        EXPECT_EQ(during, (std::vector<int>{row.node, row.node, row.arc, row.node, row.node, row.node,
-                                            row.node, row.arc, row.mode}));
+        EXPECT_EQ(during, (std::vector<int>{row.node, row.node, row.arc, row.node, row.node,
+                                            row.node, row.node, row.arc, row.mode}));
         Run("^S c 2 - . _");
         EXPECT_EQ(mode, row.arc) << "an arc that is dropped on nothing leaves it";
         mode = row.mode;

@@ -31,43 +31,83 @@ TEST_F(Selecting, EachFunctionTellsInItsOwnOrderOfHighlightListAndCallback) {
         Lines heard;
         const char *after;
     } cases[] = {
-        {"node", "p", [&](Boolean n) { XmGraphSelectNode(graph, a, n); },
-         {"selectNode 47 a [a|p] (a p)"}, "[a|p]"},
-        {"node again", "a", [&](Boolean n) { XmGraphSelectNode(graph, a, n); },
-         {"selectNode 47 a [a|] (a)"}, "[a|]"},
-        {"nodes", "a", [&](Boolean n) { XmGraphSelectNodes(graph, nodes, 2, n); },
-         {"selectNode 61 b [a b|] (a b)"}, "[a b|]"},
+        {"node",
+         "p",
+         [&](Boolean n) { XmGraphSelectNode(graph, a, n); },
+         {"selectNode 47 a [a|p] (a p)"},
+         "[a|p]"},
+        {"node again",
+         "a",
+         [&](Boolean n) { XmGraphSelectNode(graph, a, n); },
+         {"selectNode 47 a [a|] (a)"},
+         "[a|]"},
+        {"nodes",
+         "a",
+         [&](Boolean n) { XmGraphSelectNodes(graph, nodes, 2, n); },
+         {"selectNode 61 b [a b|] (a b)"},
+         "[a b|]"},
         {"no nodes", "a", [&](Boolean n) { XmGraphSelectNodes(graph, nodes, 0, n); }, {}, "[a|]"},
-        {"arc", "a", [&](Boolean n) { XmGraphSelectArc(graph, p, n); },
-         {"selectArc 48 p [a|p] (a p)"}, "[a|p]"},
-        {"arcs", "p", [&](Boolean n) { XmGraphSelectArcs(graph, arcs, 2, n); },
-         {"selectArc 62 q [|p q] (p q)"}, "[|p q]"},
+        {"arc",
+         "a",
+         [&](Boolean n) { XmGraphSelectArc(graph, p, n); },
+         {"selectArc 48 p [a|p] (a p)"},
+         "[a|p]"},
+        {"arcs",
+         "p",
+         [&](Boolean n) { XmGraphSelectArcs(graph, arcs, 2, n); },
+         {"selectArc 62 q [|p q] (p q)"},
+         "[|p q]"},
         {"NULL arcs", "p", [&](Boolean n) { XmGraphSelectArcs(graph, nullptr, 0, n); }, {}, "[|p]"},
-        {"no node", "a b p", [&](Boolean n) { XmGraphUnselectNode(graph, a, n); },
-         {"deselect 59 a [a b|p] (b p)"}, "[b|p]"},
-        {"unselected", "b", [&](Boolean n) { XmGraphUnselectNode(graph, a, n); },
-         {"deselect 59 a [b|] (b)"}, "[b|]"},
-        {"off nodes", "c a b", [&](Boolean n) { XmGraphUnselectNodes(graph, nodes, 2, n); },
-         {"deselect 59 b [c a b|] (a b c)"}, "[c|]"},
-        {"off none", "a", [&](Boolean n) { XmGraphUnselectNodes(graph, nullptr, 2, n); }, {}, "[a|]"},
-        {"off arc", "a p q", [&](Boolean n) { XmGraphUnselectArc(graph, p, n); },
-         {"deselect 59 p [a|p q] (a q)"}, "[a|q]"},
-        {"off arcs", "p q r", [&](Boolean n) { XmGraphUnselectArcs(graph, arcs, 2, n); },
-         {"deselect 59 q [|p q r] (p q r)"}, "[|r]"},
-        {"off 0 arcs", "p", [&](Boolean n) { XmGraphUnselectArcs(graph, arcs, 0, n); },
-         {"deselect 59 q [|p] (p)"}, "[|p]"},
-        {"off NULL arcs", "p", [&](Boolean n) { XmGraphUnselectArcs(graph, nullptr, 0, n); },
-         {"deselect 59 - [|p] (p)"}, "[|p]"},
+        {"no node",
+         "a b p",
+         [&](Boolean n) { XmGraphUnselectNode(graph, a, n); },
+         {"deselect 59 a [a b|p] (b p)"},
+         "[b|p]"},
+        {"unselected",
+         "b",
+         [&](Boolean n) { XmGraphUnselectNode(graph, a, n); },
+         {"deselect 59 a [b|] (b)"},
+         "[b|]"},
+        {"off nodes",
+         "c a b",
+         [&](Boolean n) { XmGraphUnselectNodes(graph, nodes, 2, n); },
+         {"deselect 59 b [c a b|] (a b c)"},
+         "[c|]"},
+        {"off none",
+         "a",
+         [&](Boolean n) { XmGraphUnselectNodes(graph, nullptr, 2, n); },
+         {},
+         "[a|]"},
+        {"off arc",
+         "a p q",
+         [&](Boolean n) { XmGraphUnselectArc(graph, p, n); },
+         {"deselect 59 p [a|p q] (a q)"},
+         "[a|q]"},
+        {"off arcs",
+         "p q r",
+         [&](Boolean n) { XmGraphUnselectArcs(graph, arcs, 2, n); },
+         {"deselect 59 q [|p q r] (p q r)"},
+         "[|r]"},
+        {"off 0 arcs",
+         "p",
+         [&](Boolean n) { XmGraphUnselectArcs(graph, arcs, 0, n); },
+         {"deselect 59 q [|p] (p)"},
+         "[|p]"},
+        {"off NULL arcs",
+         "p",
+         [&](Boolean n) { XmGraphUnselectArcs(graph, nullptr, 0, n); },
+         {"deselect 59 - [|p] (p)"},
+         "[|p]"},
     };
     XtVaSetValues(graph, XmNselectableArcs, False, XmNallowMultipleSelections, False, nullptr);
     for (bool shown : {false, true}) {
         if (shown)
             Show();
         for (const auto &each : cases)
-            for (Boolean notify : {True, False}) {
+            for (bool notify : {true, false}) {
                 SCOPED_TRACE(each.name + std::string(shown ? ", shown" : ""));
                 Preselect(each.before);
-                each.act(notify);
+                each.act(notify ? True : False);
                 EXPECT_EQ(Heard(), notify ? each.heard : Lines{});
                 EXPECT_EQ(Selection(), each.after);
             }
@@ -89,7 +129,8 @@ TEST_F(Selecting, ASubtreeIsAddedWithAWordForEachArcAndForAllThatWereAskedForBef
     EXPECT_EQ(Highlighted(), (Widgets{b, w, r}));
 
     // The list is shared: what another graph's call finds there is not its own, and may be gone.
-    Widget other = XtVaCreateManagedWidget("other", xmGraphWidgetClass, graph, XmNeditable, True, nullptr);
+    Widget other =
+        XtVaCreateManagedWidget("other", xmGraphWidgetClass, graph, XmNeditable, True, nullptr);
     Widget from = XtVaCreateManagedWidget("from", xmPushButtonGadgetClass, other, nullptr);
     Widget to = XtVaCreateManagedWidget("to", xmPushButtonGadgetClass, other, nullptr);
     XmCreateAttachedArc(other, Name("arc"), from, to, nullptr, 0);
@@ -182,26 +223,47 @@ TEST_F(Selecting, AWrongWidgetGetsTheWordsOfItsFunction) {
     int n = -1, m = -1;
     WidgetList list = nullptr, other = nullptr;
     const std::pair<const char *, std::function<long(Widget)>> calls[] = {
-        {"XmGetRoots requires an XmGraph widget", [&](Widget x) { return XmGraphGetRoots(x, &n) != nullptr; }},
-        {"XmGraphGetRoots requires an XmGraph widget", [&](Widget x) { return XmGraphGetSelectedNodes(x, &n) != nullptr; }},
-        {"XmGraphDestroyAllArcs requires an XmGraph widget", [&](Widget x) { return XmGraphDestroyAllArcs(x), 0; }},
-        {"XmGraphDestroyAllNodes requires an XmGraph widget", [&](Widget x) { return XmGraphDestroyAllNodes(x), 0; }},
-        {"XmGraphRemoveArcBetweenNodes requires an XmGraph widget", [&](Widget x) { return XmGraphRemoveArcBetweenNodes(x, a, b), 0; }},
-        {"XmGraphMoveNode requires an XmGraph widget", [&](Widget x) { return XmGraphMoveNode(x, a, 1, 1); }},
-        {" XmGraphMoveArcrequires an XmGraph widget", [&](Widget x) { return XmGraphMoveArc(x, p, a, c); }},
-        {" XmGraphNumNodeArcs requires an XmGraph widget", [&](Widget x) { return XmGraphNumNodeArcs(x, a, &n, &m), 0; }},
-        {" XmGraphGetNodeArcs requires an XmGraph widget", [&](Widget x) { return XmGraphGetNodeArcs(x, a, &list, &other, &n, &m), list != nullptr; }},
-        {"XmGraphSelectArc requires an XmGraph widget", [&](Widget x) { return XmGraphSelectArc(x, p, True), 0; }},
-        {"XmGraphSelectArcs requires an XmGraph widget", [&](Widget x) { return XmGraphSelectArcs(x, &p, 1, True), 0; }},
-        {"XmGraphUnselectArc requires an XmGraph widget", [&](Widget x) { return XmGraphUnselectArc(x, p, True), 0; }},
-        {"XmGraphUnselectArcs requires an XmGraph widget", [&](Widget x) { return XmGraphUnselectArcs(x, &p, 1, True), 0; }},
-        {"XmGraphNumSelectedArcs requires an XmGraph widget", [&](Widget x) { return XmGraphNumSelectedArcs(x); }},
-        {"XmGraphGetSelectedArcs requires an XmGraph widget", [&](Widget x) { return XmGraphGetSelectedArcs(x, &n) != nullptr; }},
-        {"XmGraphIsSelectedArc requires an XmGraph widget", [&](Widget x) { return XmGraphIsSelectedArc(x, p); }},
+        {"XmGetRoots requires an XmGraph widget",
+         [&](Widget x) { return XmGraphGetRoots(x, &n) != nullptr; }},
+        {"XmGraphGetRoots requires an XmGraph widget",
+         [&](Widget x) { return XmGraphGetSelectedNodes(x, &n) != nullptr; }},
+        {"XmGraphDestroyAllArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphDestroyAllArcs(x), 0; }},
+        {"XmGraphDestroyAllNodes requires an XmGraph widget",
+         [&](Widget x) { return XmGraphDestroyAllNodes(x), 0; }},
+        {"XmGraphRemoveArcBetweenNodes requires an XmGraph widget",
+         [&](Widget x) { return XmGraphRemoveArcBetweenNodes(x, a, b), 0; }},
+        {"XmGraphMoveNode requires an XmGraph widget",
+         [&](Widget x) { return XmGraphMoveNode(x, a, 1, 1); }},
+        {" XmGraphMoveArcrequires an XmGraph widget",
+         [&](Widget x) { return XmGraphMoveArc(x, p, a, c); }},
+        {" XmGraphNumNodeArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphNumNodeArcs(x, a, &n, &m), 0; }},
+        {" XmGraphGetNodeArcs requires an XmGraph widget",
+         [&](Widget x) {
+             return XmGraphGetNodeArcs(x, a, &list, &other, &n, &m), list != nullptr;
+         }},
+        {"XmGraphSelectArc requires an XmGraph widget",
+         [&](Widget x) { return XmGraphSelectArc(x, p, True), 0; }},
+        {"XmGraphSelectArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphSelectArcs(x, &p, 1, True), 0; }},
+        {"XmGraphUnselectArc requires an XmGraph widget",
+         [&](Widget x) { return XmGraphUnselectArc(x, p, True), 0; }},
+        {"XmGraphUnselectArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphUnselectArcs(x, &p, 1, True), 0; }},
+        {"XmGraphNumSelectedArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphNumSelectedArcs(x); }},
+        {"XmGraphGetSelectedArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphGetSelectedArcs(x, &n) != nullptr; }},
+        {"XmGraphIsSelectedArc requires an XmGraph widget",
+         [&](Widget x) { return XmGraphIsSelectedArc(x, p); }},
         {"XmGraphNumArcs requires an XmGraph widget", [&](Widget x) { return XmGraphNumArcs(x); }},
-        {"XmGraphGetArcs requires an XmGraph widget", [&](Widget x) { return XmGraphGetArcs(x, &n) != nullptr; }},
-        {"XmGraphGetNodes requires an XmGraph widget", [&](Widget x) { return XmGraphGetNodes(x, &n) != nullptr; }},
-        {"XmGraphInputOverArc requires an XmGraph widget", [&](Widget x) { return XmGraphInputOverArc(x, 120, 60) != nullptr; }},
+        {"XmGraphGetArcs requires an XmGraph widget",
+         [&](Widget x) { return XmGraphGetArcs(x, &n) != nullptr; }},
+        {"XmGraphGetNodes requires an XmGraph widget",
+         [&](Widget x) { return XmGraphGetNodes(x, &n) != nullptr; }},
+        {"XmGraphInputOverArc requires an XmGraph widget",
+         [&](Widget x) { return XmGraphInputOverArc(x, 120, 60) != nullptr; }},
     };
     Preselect("p");
     for (Widget wrong : {box, a, Widget{}})
@@ -261,39 +323,36 @@ TEST_F(Selecting, AMovedArcChangesItsNodesAndItsTwins) {
     ExpectConsistent(graph);
     Pump();
     EXPECT_TRUE(Heard().empty()) << "no layout, and no callback of its own";
+    Widget to = b;
     for (int mode : {XmALWAYS, XmARCS_ONLY, XmPARTIAL, XmNODES_ONLY}) {
-        const Place before = PlaceOf(a);
         GraphPartOf(graph).auto_layout_mode = mode;
-        EXPECT_TRUE(XmGraphMoveArc(graph, p, c, mode % 2 ? a : b));
-        const bool relaid = PlaceOf(mode % 2 ? a : b).x == 440 + 40 + 40;
-        EXPECT_EQ(relaid, mode != XmNODES_ONLY) << mode;
-        XmGraphMoveNode(graph, a, 40, 40);
-        XmGraphMoveNode(graph, b, 240, 40);
-        static_cast<void>(before);
+        XmGraphMoveNode(graph, to, 240, 300);
+        EXPECT_TRUE(XmGraphMoveArc(graph, p, c, to));
+        EXPECT_EQ(PlaceOf(to).x == 440 + 40 + 40, mode != XmNODES_ONLY) << mode;
+        to = to == b ? a : b;
     }
 }
 
-TEST_F(Selecting, AnAddedNodeStandsInTheMiddleOfWhatIsSeen) {
+TEST_F(Selecting, AnAddedNodeStandsInTheMiddleOfWhatIsSeenByTheSizeOfTheOneBefore) {
     Show();
+    tell_highlights = false;
+    XmGraphAddNode(graph);
+    const Place size = SizeOf(NodesOf(graph).back());
+    const Place middle = {640 / 2 - size.x / 2, 480 / 2 - size.y / 2};
     log.Clear();
     XmGraphAddNode(graph);
-    tell_highlights = false;
-    EXPECT_EQ(Heard(), (Lines{"newNode 42 Node () i", "graphChanged 64 - ()", "graphChanged 42 Node () i"}));
-    Widget node = NodesOf(graph).back();
-    EXPECT_EQ(PlaceOf(node), (Place{640 / 2 - 60 / 2, 480 / 2 - 30 / 2}));
-    answer = [](XmGraphCallbackStruct &data) { data.doit = False; };
-    const Place size = SizeOf(node);
-    Place at;
-    XtAddCallback(
-        graph, XmNnewNodeCallback,
-        [](Widget, XtPointer place, XtPointer data) {
-            *static_cast<Place *>(place) = PlaceOf(static_cast<XmGraphCallbackStruct *>(data)->widget);
-        },
-        &at);
+    EXPECT_EQ(Heard(), (Lines{"newNode 42 Node i", "graphChanged 64 -", "graphChanged 42 Node i"}));
+    EXPECT_EQ(PlaceOf(NodesOf(graph).back()), middle);
+    const Widgets nodes = NodesOf(graph);
+    Place refused;
+    answer = [&](XmGraphCallbackStruct &data) {
+        refused = PlaceOf(data.widget);
+        data.doit = False;
+    };
     XmGraphAddNode(graph);
-    EXPECT_EQ(at, (Place{320 - size.x / 2, 240 - size.y / 2})) << "by the size of the one before";
     EXPECT_EQ(Heard(), Lines{"newNode 42 Node i"});
-    EXPECT_EQ(NodesOf(graph).back(), node);
+    EXPECT_EQ(refused, middle);
+    EXPECT_EQ(NodesOf(graph), nodes);
 }
 
 // ---- Managing --------------------------------------------------------------------------------------
@@ -302,7 +361,8 @@ TEST_F(Selecting, AllAreManagedAndUnmanagedAtOnce) {
     Show();
     tell_highlights = false;
     const Picture before = Picture::Of(shell);
-    Widget late = XtVaCreateWidget("late", xmPushButtonWidgetClass, graph, XmNx, 300, XmNy, 300, nullptr);
+    Widget late =
+        XtVaCreateWidget("late", xmPushButtonWidgetClass, graph, XmNx, 300, XmNy, 300, nullptr);
     log.Clear();
     XmGraphUnmanageAll(graph);
     Pump();
