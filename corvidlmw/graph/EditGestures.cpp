@@ -152,9 +152,10 @@ void EndNodeMotion(Widget w, XEvent *event) {
     if (alive.Died()) {
         return;
     }
-    RedrawArcs(w);
+    // Before the redrawing: in a drag that would look for moved nodes among the dragged ones only.
     graph.current_node = nullptr;
     LeaveDrag(graph, GESTURE_NODE_INDICATED);
+    RedrawArcs(w);
     // A client that destroyed the node hears no more of it.
     if (alive[0]) {
         XmGraphCallbackStruct call_data = MoveData(XmCR_NODE_MOVED, node, event);

@@ -38,6 +38,7 @@ protected:
                        {"n2", {230, 180}},
                        {"n3", {150, 130}},
                        {"t2", {60, 230}},
+                       {"o", {2, 2}},
                        {"t3", {60, 130}}});
     }
 
@@ -223,8 +224,8 @@ TEST_F(CrossedArcs, ADragLeavesWhatAnExposurePaints) {
         if (xft)
             UseXft();
         UncoverAll();
-        for (const char *script :
-             {"c 2 .", "c 2 m - c .", "w 2 q w .", "p 2 q .", "p2 2 - d .", "^S c 2 - d . _"}) {
+        for (const char *script : {"c 2 .", "c 2 m - c .", "w 2 q w .", "p 2 q .", "p2 2 - d .",
+                                   "^S c 2 - d . _", "c 2 o o ."}) {
             SCOPED_TRACE(script + std::string(xft ? ", Xft" : ""));
             Run(script);
             ExpectAsExposed("dragged");
