@@ -12,16 +12,12 @@ namespace {
 
 // ---- Shared --------------------------------------------------------------------------------------
 
+// After a drag, in which arcs were erased together with what they crossed. All is cleared first, since
+// antialiased text would get bolder where it stands already.
 void RedrawArcs(Widget w) {
-    if (!HasWindow(w)) {
-        return;
+    if (HasWindow(w)) {
+        RepaintBoxes(w, {VisibleRectangle(w)});
     }
-    for (Widget arc : Arcs(w)) {
-        if (!IsBeingDestroyed(arc)) {
-            DrawArc(arc);
-        }
-    }
-    _RefreshGadgets(w, nullptr);
 }
 
 Segment RubberLine(const XmGraphPart &graph) {
@@ -156,9 +152,10 @@ void EndNodeMotion(Widget w, XEvent *event) {
     if (alive.Died()) {
         return;
     }
-    RedrawArcs(w);
+    // Before the redrawing: in a drag that would look for moved nodes among the dragged ones only.
     graph.current_node = nullptr;
     LeaveDrag(graph, GESTURE_NODE_INDICATED);
+    RedrawArcs(w);
     // A client that destroyed the node hears no more of it.
     if (alive[0]) {
         XmGraphCallbackStruct call_data = MoveData(XmCR_NODE_MOVED, node, event);

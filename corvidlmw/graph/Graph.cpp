@@ -643,6 +643,9 @@ void ConstraintInitialize(Widget, Widget new_w, ArgList, Cardinal *) {
 Boolean ConstraintSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     // No mark is -1, which a client may well have given as an int.
     auto mark = [](Widget w) { return static_cast<std::uint32_t>(ConstraintOf(w).mark_color); };
+    if (XtIsWidget(new_w)) {
+        SpoilFigure(XtParent(new_w)); // it may paint itself at once
+    }
     if (XtIsRectObj(new_w) && mark(current) != mark(new_w)) {
         CallGraphChanged(XtParent(new_w), XmCR_MARK_CHANGED, new_w);
     }

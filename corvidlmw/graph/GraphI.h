@@ -189,7 +189,11 @@ struct GraphState {
     SharedFonts fonts;
     PaintIndex painted;
     Figure figure;
-    int figure_lifts = 0; // how often it was taken away for a drawing
+    int figure_lifts = 0;               // how often it was taken away for a drawing
+    Rectangle figure_trace;             // around all that it was in this gesture
+    bool figure_spoiled = false;        // something was painted there without a lift
+    bool figure_unsettled = false;      // exposures from before its removal may still come
+    unsigned long figure_hidden_at = 0; // the request that removed it
     // What was erased since the outermost DamageRepair began.
     std::vector<Rectangle> damage;
     int repairs = 0;
@@ -400,6 +404,7 @@ ScrollBars ScrollBarsAround(Widget graph);
 
 // Arcs, and the gadgets over them. An arc that is out of view by XmNshowCrossingArcs stays away.
 void PaintRegion(Widget graph, Region region);
+Rectangle VisibleRectangle(Widget graph); // in its own coordinates
 void GraphRedisplay(Widget graph, XEvent *event, Region region);
 Boolean GraphSetValues(Widget current, Widget request, Widget new_w, ArgList args,
                        Cardinal *num_args);
@@ -475,6 +480,10 @@ Rectangle Normalised(const Segment &diagonal);
 // In place of the one that shows.
 void ShowFigure(Widget graph, const Figure &figure);
 void HideFigure(Widget graph);
+// Something may be painted over the figure without a lift: once it is gone that place is painted anew.
+void SpoilFigure(Widget graph);
+// Whether an exposed region may hold a part of a figure, so that it must be cleared.
+bool MayShowFigure(Widget graph, const XEvent *exposure);
 
 // For the length of a drawing the figure is gone.
 class FigureLift {
@@ -493,6 +502,9 @@ private:
 
 // Clears and paints anew, within the window.
 void ClearAndPaint(Widget graph, Region region);
+void RepaintBoxes(Widget graph, const std::vector<Rectangle> &boxes);
+// The smallest rectangle that holds both.
+Rectangle Around(const Rectangle &a, const Rectangle &b);
 void NoteDamage(Widget graph, const Rectangle &box);
 
 // Repaints at its end what was erased meanwhile.

@@ -118,15 +118,19 @@ GC BuildPlainGC(Widget w, Pixel foreground) {
     return XtGetGC(w, GCForeground | GCBackground, &values);
 }
 
+// A server may draw the corners of rectangles of width 0 differently where the window is partly covered;
+// of width 1 each pixel is drawn once.
 GC BuildXorGC(Widget w) {
     XGCValues values{};
+    values.line_width = 1;
     values.function = GXxor;
     values.foreground = ManagerOf(w).foreground ^ w->core.background_pixel;
     values.background = w->core.background_pixel;
     values.line_style = LineSolid;
     values.subwindow_mode = IncludeInferiors;
-    return XtGetGC(w, GCFunction | GCForeground | GCBackground | GCLineStyle | GCSubwindowMode,
-                   &values);
+    return XtGetGC(
+        w, GCFunction | GCForeground | GCBackground | GCLineWidth | GCLineStyle | GCSubwindowMode,
+        &values);
 }
 
 GC BuildOverviewGC(Widget w, Pixel color) {

@@ -15,14 +15,6 @@ namespace {
 
 // ---- Gadgets ------------------------------------------------------------------------------------
 
-Rectangle VisibleRectangle(Widget w) {
-    const auto &graph = GraphOf(w);
-    if (!graph.in_scrolled_window) {
-        return {0, 0, w->core.width, w->core.height};
-    }
-    return {-w->core.x, -w->core.y, graph.clip_width, graph.clip_height};
-}
-
 OwnedRegion RegionOf(const Rectangle &r) {
     XPoint corners[] = {
         {CutToPosition(r.x), CutToPosition(r.y)},
@@ -315,6 +307,14 @@ void SetPropagation(Widget graph, Widget w, long old_mask) {
 
 namespace corvidlmw::graph {
 
+Rectangle VisibleRectangle(Widget w) {
+    const auto &graph = GraphOf(w);
+    if (!graph.in_scrolled_window) {
+        return {0, 0, w->core.width, w->core.height};
+    }
+    return {-w->core.x, -w->core.y, graph.clip_width, graph.clip_height};
+}
+
 void ClearGraph(Widget w) {
     ClearWindow(w);
 }
@@ -401,7 +401,7 @@ void GraphRedisplay(Widget w, XEvent *event, Region region) {
     const FigureLift lift(w);
     if (region) {
         // The figure moved on since the server cleared the region: what it left there is unknown.
-        if (StateOf(w).figure.kind != Figure::Kind::Nothing) {
+        if (MayShowFigure(w, event)) {
             return ClearAndPaint(w, region);
         }
         PaintRegion(w, region);
@@ -431,6 +431,7 @@ Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *
         XDefineCursor(XtDisplay(new_w), XtWindow(new_w), graph.ptr_cursor);
     }
     graph.twins_visible = graph.twins_visible ? True : False;
+    SpoilFigure(new_w); // a manager repaints its gadgets and its children's borders in new colours
     bool relayout = UpdateSpacing(current, new_w);
     relayout = WantsLayout(old, graph) || relayout;
     bool redraw =

@@ -19,6 +19,18 @@ XRectangle Cut(const Rectangle &r) {
             CutToDimension(r.height)};
 }
 
+// What of it lies in the window; empty elsewhere.
+Rectangle Clipped(const Rectangle &r, Widget w) {
+    const int left = std::clamp<int>(r.x, 0, w->core.width);
+    const int top = std::clamp<int>(r.y, 0, w->core.height);
+    return {left, top, std::clamp<int>(r.x + r.width, 0, w->core.width) - left,
+            std::clamp<int>(r.y + r.height, 0, w->core.height) - top};
+}
+
+} // namespace
+
+namespace corvidlmw::graph {
+
 Rectangle Around(const Rectangle &a, const Rectangle &b) {
     const int left = std::min(a.x, b.x);
     const int top = std::min(a.y, b.y);
@@ -26,12 +38,12 @@ Rectangle Around(const Rectangle &a, const Rectangle &b) {
             std::max(a.y + a.height, b.y + b.height) - top};
 }
 
-// What of it lies in the window; empty elsewhere.
-Rectangle Clipped(const Rectangle &r, Widget w) {
-    const int left = std::clamp<int>(r.x, 0, w->core.width);
-    const int top = std::clamp<int>(r.y, 0, w->core.height);
-    return {left, top, std::clamp<int>(r.x + r.width, 0, w->core.width) - left,
-            std::clamp<int>(r.y + r.height, 0, w->core.height) - top};
+void ClearAndPaint(Widget w, Region region) {
+    const FigureLift lift(w);
+    for (const XRectangle &r : RectanglesOf(region)) {
+        XClearArea(XtDisplay(w), XtWindow(w), r.x, r.y, r.width, r.height, False);
+    }
+    PaintRegion(w, region);
 }
 
 void RepaintBoxes(Widget w, const std::vector<Rectangle> &boxes) {
@@ -45,18 +57,6 @@ void RepaintBoxes(Widget w, const std::vector<Rectangle> &boxes) {
     if (!XEmptyRegion(region.get())) {
         ClearAndPaint(w, region.get());
     }
-}
-
-} // namespace
-
-namespace corvidlmw::graph {
-
-void ClearAndPaint(Widget w, Region region) {
-    const FigureLift lift(w);
-    for (const XRectangle &r : RectanglesOf(region)) {
-        XClearArea(XtDisplay(w), XtWindow(w), r.x, r.y, r.width, r.height, False);
-    }
-    PaintRegion(w, region);
 }
 
 void NoteDamage(Widget w, const Rectangle &box) {

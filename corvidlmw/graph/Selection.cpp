@@ -148,9 +148,13 @@ void HighlightNode(Widget node) {
     }
 }
 
+// A gadget's border is painted over with the background, and with it the arcs that pass there.
 void UnhighlightNode(Widget node) {
     const FigureLift lift(XtParent(node));
     if (XtIsRealized(node)) {
+        if (XmIsGadget(node)) {
+            NoteDamage(XtParent(node), RectangleOf(node));
+        }
         _XmUnhighlightBorder(node);
     } else {
         SetHighlighted(node, false);

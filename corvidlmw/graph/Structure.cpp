@@ -64,9 +64,15 @@ void EraseArcs(const XmGraphNodeList &arcs) {
     }
 }
 
-void DrawArcs(const XmGraphNodeList &arcs) {
-    for (Widget arc : Widgets(arcs)) {
+// A loop stands in both lists, and painted twice its antialiased label would be bolder.
+void DrawArcsOf(NodePtr node) {
+    for (Widget arc : Widgets(node->from_arcs)) {
         DrawArc(arc);
+    }
+    for (Widget arc : Widgets(node->to_arcs)) {
+        if (ArcOf(arc).from != ArcOf(arc).to) {
+            DrawArc(arc);
+        }
     }
 }
 
@@ -378,8 +384,7 @@ Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
     _XmMoveObject(node_widget, x, y);
     NoteDragged(w, node_widget);
     if (managed) {
-        DrawArcs(node->from_arcs);
-        DrawArcs(node->to_arcs);
+        DrawArcsOf(node);
     }
     return True;
 }
