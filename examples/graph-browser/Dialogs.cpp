@@ -16,6 +16,8 @@ namespace {
 // Every dialog is made for one question, and dies with its answer or when its window is closed.
 constexpr Cardinal dialog_argument_count = 3;
 
+constexpr short text_columns = 36;
+
 struct DialogArguments {
     Arg list[dialog_argument_count];
     DialogArguments() {
@@ -144,10 +146,11 @@ void AskText(Widget shell, const std::string &question, const std::string &text,
     XtAddCallback(dialog, XmNokCallback, TextEntered, waiting);
     XtAddCallback(dialog, XmNcancelCallback, DestroyDialog, dialog);
     SetString(dialog, XmNselectionLabelString, question);
+    XtVaSetValues(dialog, XmNtextColumns, text_columns, nullptr);
     HideChild(dialog, "Help");
     XtManageChild(dialog);
-    // What is typed first replaces the old text.
     const Widget field = XmSelectionBoxGetChild(dialog, XmDIALOG_TEXT);
+    // What is typed first replaces the old text.
     XmTextSetString(field, Name(OneLine(text).c_str()));
     XmTextSetSelection(field, 0, XmTextGetLastPosition(field),
                        XtLastTimestampProcessed(XtDisplay(field)));

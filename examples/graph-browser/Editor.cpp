@@ -161,7 +161,7 @@ void Editor::LabelObject(Widget object) {
     if (XmIsArc(object))
         AskArcLabel(object);
     else
-        AskNodeLabel(GraphView::IndexOf(object), "Name of the node:");
+        AskNodeLabel(GraphView::IndexOf(object), "Name of the node (\\n begins a new line):");
 }
 
 // The dialog holds up all else, so that the object is still there when it is answered.
@@ -179,13 +179,14 @@ void Editor::AskNodeLabel(int node, const char *question) {
 void Editor::AskArcLabel(Widget arc) {
     const int edge = GraphView::IndexOf(arc);
     const std::string before = view.Shown().EdgeAt(edge).label;
-    AskText(shell, "Label of the arc:", before, [this, arc, edge, before](const std::string &text) {
-        if (text == before)
-            return;
-        LabelEdge(view.Shown(), edge, text);
-        view.RefreshArc(arc);
-        changed();
-    });
+    AskText(shell, "Label of the arc (\\n begins a new line):", before,
+            [this, arc, edge, before](const std::string &text) {
+                if (text == before)
+                    return;
+                LabelEdge(view.Shown(), edge, text);
+                view.RefreshArc(arc);
+                changed();
+            });
 }
 
 } // namespace graph_browser

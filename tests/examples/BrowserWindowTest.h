@@ -34,22 +34,30 @@ Value Get(Widget widget, const char *resource) {
     return value;
 }
 
+// Walked by hand: XmStringUnparse loses memory over strings of several lines.
+inline std::string TextOf(XmString string) {
+    std::string text;
+    XmStringContext context = nullptr;
+    XmStringInitContext(&context, string);
+    unsigned int length = 0;
+    XtPointer value = nullptr;
+    for (XmStringComponentType type = XmSTRING_COMPONENT_UNKNOWN;
+         (type = XmStringGetNextTriple(context, &length, &value)) != XmSTRING_COMPONENT_END;
+         XtFree(static_cast<char *>(value))) {
+        if (type == XmSTRING_COMPONENT_TEXT || type == XmSTRING_COMPONENT_LOCALE_TEXT)
+            text.append(static_cast<char *>(value), length);
+        else if (type == XmSTRING_COMPONENT_SEPARATOR)
+            text += '\n';
+    }
+    XmStringFreeContext(context);
+    return text;
+}
+
 inline std::string Label(Widget widget) {
     XmString label = Get<XmString>(widget, XmNlabelString);
-    const XmString line_break = XmStringSeparatorCreate();
-    Arg arguments[3];
-    XtSetArg(arguments[0], XmNpattern, "\n");
-    XtSetArg(arguments[1], XmNsubstitute, line_break);
-    XtSetArg(arguments[2], XmNincludeStatus, XmINSERT);
-    XmParseMapping mapping = XmParseMappingCreate(arguments, 3);
-    auto *text = static_cast<char *>(
-        XmStringUnparse(label, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, &mapping, 1, XmOUTPUT_ALL));
-    XmParseMappingFree(mapping);
-    XmStringFree(line_break);
-    std::string copy = text ? text : "";
-    XtFree(text);
+    std::string text = TextOf(label);
     XmStringFree(label);
-    return copy;
+    return text;
 }
 
 class BrowserWindowTest : public corvidlmw::test::DisplayTest {

@@ -31,8 +31,6 @@ protected:
     void Answer(const char *dialog, const char *button) {
         const Widget asked = Dialog(dialog);
         ASSERT_NE(asked, nullptr) << dialog;
-        // A second click on the same place is not meant as a double one.
-        LetTimePass(std::chrono::milliseconds{300});
         Click(XtNameToWidget(asked, button), 5, 5);
         RunWorkProcs();
     }

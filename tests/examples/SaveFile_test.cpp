@@ -4,6 +4,7 @@
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -81,6 +82,22 @@ TEST_F(SaveFileTest, AFullDiskLeavesTheOldFile) {
     EXPECT_EQ(error, "File too large");
     EXPECT_EQ(Contents(), "old contents");
     ExpectFiles(1);
+}
+
+TEST_F(SaveFileTest, AProgramThatDiesWhileSavingLeavesAWholeFile) {
+    const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
+    for (int round = 0; round < 30; ++round) {
+        SaveFile(file, texts[0]);
+        const pid_t writer = fork();
+        if (writer == 0)
+            for (int turn = 1;; ++turn)
+                SaveFile(file, texts[turn % 2]);
+        usleep(static_cast<useconds_t>(200 * round));
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        const std::string found = Contents();
+        EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size() << " bytes";
+    }
 }
 
 TEST_F(SaveFileTest, WhatIsNoFileIsNotReplaced) {
