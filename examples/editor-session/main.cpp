@@ -28,7 +28,6 @@ namespace {
 using graph_browser::BrowserWindow;
 using graph_browser::Edge;
 using graph_browser::Graph;
-using graph_browser::Node;
 
 struct Point {
     int x;
@@ -63,8 +62,9 @@ public:
         : shell(of_shell), file(std::move(of_file)), pictures(std::move(directory)),
           window(shell, [this] { quit = true; }), robot(app, DisplayString(XtDisplay(shell))) {
         auto result = graph_browser::ReadDotFile(file);
-        Check(std::holds_alternative<Graph>(result), "cannot read " + file);
-        window.Show(file, std::move(std::get<Graph>(result)));
+        auto *read = std::get_if<Graph>(&result);
+        Check(read != nullptr, "cannot read " + file);
+        window.Show(file, std::move(*read));
         XtRealizeWidget(shell);
         graph = window.View().GraphWidget();
         robot.Wait(500);
@@ -277,10 +277,10 @@ void Session::Save() {
     Check(Shown().changed, "the graph counts as changed");
     Command(XK_s);
     Check(!Shown().changed, "Ctrl+S saves");
-    auto again = graph_browser::ReadDotFile(file);
-    Check(std::holds_alternative<Graph>(again), "the saved file can be read");
-    const Graph &saved = std::get<Graph>(again);
-    Check(saved.nodes.size() == Nodes() && saved.edges.size() == Arcs(),
+    const auto again = graph_browser::ReadDotFile(file);
+    const auto *saved = std::get_if<Graph>(&again);
+    Check(saved != nullptr, "the saved file can be read");
+    Check(saved->nodes.size() == Nodes() && saved->edges.size() == Arcs(),
           "the saved file has the same nodes and arcs");
 }
 
@@ -301,23 +301,27 @@ void Session::Run() {
     Check(quit, "Ctrl+Q quits without a question");
 }
 
-} // namespace
-} // namespace editor_session
-
-int main(int argc, char **argv) {
+int Main(int argc, char **argv) {
     XtAppContext app = nullptr;
     const Widget shell = graph_browser::OpenApplication(app, nullptr, 0, argc, argv);
     if (argc != 3) {
         std::cerr << "usage: editor-session FILE DIRECTORY\n";
         return 2;
     }
+    Session session{app, shell, argv[1], argv[2]};
+    session.Run();
+    XtDestroyWidget(shell);
+    return 0;
+}
+
+} // namespace
+} // namespace editor_session
+
+int main(int argc, char **argv) {
     try {
-        editor_session::Session{app, shell, argv[1], argv[2]}.Run();
-    } catch (const std::runtime_error &error) {
+        return editor_session::Main(argc, argv);
+    } catch (const std::exception &error) {
         std::cerr << "editor-session: not so: " << error.what() << '\n';
         return 1;
     }
-    XtDestroyWidget(shell);
-    XtDestroyApplicationContext(app);
-    return 0;
 }

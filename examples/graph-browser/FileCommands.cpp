@@ -83,7 +83,7 @@ void FileCommands::Shown(const std::string &file) {
 }
 
 // A file that says all already is left alone: writing it would only lose its comments.
-void FileCommands::Save(Step next) {
+void FileCommands::Save(const Step &next) {
     if (!window.View().Shown().changed)
         return next ? next() : void();
     if (stamp == FileStamp{path})
@@ -93,13 +93,13 @@ void FileCommands::Save(Step next) {
          {"Save As...", [this, next] { SaveAs(next); }}});
 }
 
-void FileCommands::SaveAs(Step next) {
+void FileCommands::SaveAs(const Step &next) {
     AskFile("Save As", [this, next](const std::string &file) { SaveTo(file, next); });
 }
 
-void FileCommands::SaveTo(const std::string &file, Step next) {
+void FileCommands::SaveTo(const std::string &file, const Step &next) {
     if (SameFile(file, path))
-        return Save(std::move(next));
+        return Save(next);
     if (!Exists(file))
         return Write(file, next);
     Ask(shell, file + " exists.", {{"Replace it", [this, file, next] { Write(file, next); }}});

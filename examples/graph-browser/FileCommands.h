@@ -38,9 +38,9 @@ private:
 
     void UnlessChanged(Step next);
     void Read(const std::string &file);
-    void Save(Step next);
-    void SaveAs(Step next);
-    void SaveTo(const std::string &file, Step next);
+    void Save(const Step &next);
+    void SaveAs(const Step &next);
+    void SaveTo(const std::string &file, const Step &next);
     void Write(const std::string &file, const Step &next);
     void AskFile(const char *title, TakeFile take);
 

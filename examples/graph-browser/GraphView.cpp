@@ -234,12 +234,18 @@ bool GraphView::Editing() const {
     return GetResource<Boolean>(graph_widget, XmNeditable) != False;
 }
 
-// One selected node stays selected. Where the graph is about to be built anew, that is done then.
 void GraphView::SetEditing(bool on) {
     if (on == Editing())
         return;
+    if (on)
+        TakeLayoutStyle(XmGRAPH);
+    TakeEditing(on);
+    changed();
+}
+
+// One selected node stays selected. Where the graph is about to be built anew, that is done then.
+void GraphView::TakeEditing(bool on) {
     if (on) {
-        SetLayoutStyle(XmGRAPH);
         UnmarkSelected();
     } else {
         selected = OnlySelected();
@@ -250,7 +256,6 @@ void GraphView::SetEditing(bool on) {
                   nullptr);
     if (!rebuild)
         MarkSelected();
-    changed();
 }
 
 std::optional<int> GraphView::OnlySelected() const {

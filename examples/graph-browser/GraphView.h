@@ -94,6 +94,8 @@ private:
     void LayOut(unsigned char style);
     void RestorePlaces();
     void TakeOrientation(Orientation orientation);
+    void TakeEditing(bool on);
+    void TakeLayoutStyle(unsigned char style);
     std::optional<int> OnlySelected() const;
     void UnselectAll();
     void MarkSelected();

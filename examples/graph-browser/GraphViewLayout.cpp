@@ -114,10 +114,14 @@ unsigned char GraphView::LayoutStyle() const {
 }
 
 void GraphView::SetLayoutStyle(unsigned char style) {
+    if (style == XmBUTTERFLY && Editing())
+        TakeEditing(false);
+    TakeLayoutStyle(style);
+}
+
+void GraphView::TakeLayoutStyle(unsigned char style) {
     if (style == LayoutStyle())
         return;
-    if (style == XmBUTTERFLY)
-        SetEditing(false);
     KeepPlaces();
     // Without a root the change lays nothing out; the new contents are laid out when they stand.
     XmGraphSetButterflyRoot(graph_widget, nullptr);
