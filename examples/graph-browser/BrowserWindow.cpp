@@ -2,18 +2,15 @@
 
 #include <algorithm>
 #include <utility>
-#include <variant>
 
-#include <Xm/FileSB.h>
 #include <Xm/Label.h>
 #include <Xm/MainW.h>
-#include <Xm/MessageB.h>
 #include <Xm/Protocols.h>
 #include <Xm/RowColumn.h>
 
 #include <corvidlmw/graph/Graph.h>
 
-#include "DotReader.h"
+#include "EditMenu.h"
 #include "Text.h"
 #include "ViewMenu.h"
 
@@ -47,7 +44,7 @@ std::string OneLine(std::string text) {
 
 // ---- Life ------------------------------------------------------------------
 
-BrowserWindow::BrowserWindow(Widget of_shell) : shell(of_shell) {
+BrowserWindow::BrowserWindow(Widget of_shell, std::function<void()> on_quit) : shell(of_shell) {
     const Widget main_window =
         XtCreateManagedWidget("mainWindow", xmMainWindowWidgetClass, shell, nullptr, 0);
     const Widget menu_bar = XmCreateMenuBar(main_window, Name("menuBar"), nullptr, 0);
@@ -56,7 +53,10 @@ BrowserWindow::BrowserWindow(Widget of_shell) : shell(of_shell) {
     status = XtVaCreateManagedWidget("status", xmLabelWidgetClass, main_window, XmNlabelString,
                                      nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING, nullptr);
     menus = std::make_unique<Menus>(menu_bar);
-    AddFileMenu();
+    editor = std::make_unique<Editor>(*view, shell, [this] { UpdateStatusSoon(); });
+    files = std::make_unique<FileCommands>(*this, shell, std::move(on_quit));
+    files->AddMenu(*menus);
+    AddEditMenu(*menus, *view, *editor);
     AddViewMenu(*menus, *view);
     XtManageChild(menu_bar);
     // The scrolled window stands around the graph's clip window.
@@ -69,101 +69,70 @@ BrowserWindow::BrowserWindow(Widget of_shell) : shell(of_shell) {
                             CloseWindow, this);
 }
 
-void BrowserWindow::Quit() {
-    XtAppSetExitFlag(XtWidgetToApplicationContext(shell));
+BrowserWindow::~BrowserWindow() {
+    if (update)
+        XtRemoveWorkProc(*update);
 }
 
 void BrowserWindow::CloseWindow(Widget, XtPointer window, XtPointer) {
-    static_cast<BrowserWindow *>(window)->Quit();
+    static_cast<BrowserWindow *>(window)->files->Quit();
 }
 
-// ---- Menus -----------------------------------------------------------------
-
-void BrowserWindow::AddFileMenu() {
-    menus->AddMenu("File", 'F');
-    menus->AddCommand({"Open...", 'O', "Ctrl<Key>o", "Ctrl+O", [this] { ShowOpenDialog(); }});
-    menus->AddSeparator();
-    menus->AddCommand({"Quit", 'Q', "Ctrl<Key>q", "Ctrl+Q", [this] { Quit(); }});
-}
-
-// ---- Files -----------------------------------------------------------------
-
-void BrowserWindow::Show(const std::string &file, Graph graph) {
-    path = file;
+void BrowserWindow::Show(const std::string &path, Graph graph) {
+    files->Shown(path);
     if (view->GetSpacing() == normal_spacing)
         view->SetSpacing(SpacingFor(graph));
     mark->Expect(path);
-    XtVaSetValues(shell, XmNtitle, ("graph-browser: " + path).c_str(), nullptr);
     view->Show(std::move(graph));
-}
-
-void BrowserWindow::Open(const std::string &file) {
-    auto result = ReadDotFile(file);
-    if (const auto *error = std::get_if<ReadError>(&result))
-        return ShowError(Describe(file, *error));
-    Show(file, std::move(std::get<Graph>(result)));
-}
-
-void BrowserWindow::ShowOpenDialog() {
-    if (!open_dialog) {
-        open_dialog = XmCreateFileSelectionDialog(shell, Name("openDialog"), nullptr, 0);
-        XtUnmanageChild(XtNameToWidget(open_dialog, "Help"));
-        XtAddCallback(open_dialog, XmNokCallback, FileChosen, this);
-        XtAddCallback(open_dialog, XmNcancelCallback, CloseDialog, nullptr);
-    }
-    XtManageChild(open_dialog);
-}
-
-void BrowserWindow::FileChosen(Widget dialog, XtPointer window, XtPointer call_data) {
-    const auto *chosen = static_cast<XmFileSelectionBoxCallbackStruct *>(call_data);
-    auto *name = static_cast<char *>(XmStringUnparse(chosen->value, nullptr, XmCHARSET_TEXT,
-                                                     XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
-    const std::string file = name ? name : "";
-    XtFree(name);
-    XtUnmanageChild(dialog);
-    static_cast<BrowserWindow *>(window)->Open(file);
-}
-
-void BrowserWindow::CloseDialog(Widget dialog, XtPointer, XtPointer) {
-    XtUnmanageChild(dialog);
-}
-
-void BrowserWindow::ShowError(const std::string &message) {
-    if (!error_dialog) {
-        error_dialog = XmCreateErrorDialog(shell, Name("errorDialog"), nullptr, 0);
-        XtUnmanageChild(XtNameToWidget(error_dialog, "Cancel"));
-        XtUnmanageChild(XtNameToWidget(error_dialog, "Help"));
-    }
-    const Text text{message};
-    XtVaSetValues(error_dialog, XmNmessageString, text.Get(), nullptr);
-    XtManageChild(error_dialog);
 }
 
 // ---- Status ----------------------------------------------------------------
 
+std::string BrowserWindow::SelectionText() const {
+    if (view->Editing())
+        return " - " + editor->Describe();
+    const auto selected = view->Selected();
+    if (!selected)
+        return {};
+    const Node &node = view->Shown().NodeAt(*selected);
+    const bool butterfly = view->LayoutStyle() == XmBUTTERFLY;
+    return (butterfly ? " - around " : " - selected: ") +
+           (node.label.empty() ? node.name : node.label) +
+           (node.cluster.empty() ? "" : " in " + OneLine(node.cluster));
+}
+
 std::string BrowserWindow::StatusText() const {
-    const Graph &graph = view->Shown();
-    std::string text =
-        path + ": " + Count(graph.nodes.size(), "node") + ", " + Count(graph.edges.size(), "arc");
+    const Graph &graph = std::as_const(*view).Shown();
+    std::string text = files->Path() + ": " + Count(NodesOf(graph).size(), "node") + ", " +
+                       Count(EdgesOf(graph).size(), "arc");
     if (graph.graphs_in_file > 1)
         text += " (the first of " + std::to_string(graph.graphs_in_file) + " graphs)";
+    if (graph.changed)
+        text += ", changed";
     if (view->TooBig())
         text += " - larger than a window can be, some nodes are out of place";
-    if (const auto selected = view->Selected()) {
-        const Node &node = graph.nodes[static_cast<std::size_t>(*selected)];
-        const bool butterfly = view->LayoutStyle() == XmBUTTERFLY;
-        text += (butterfly ? " - around " : " - selected: ") +
-                (node.label.empty() ? node.name : node.label);
-        if (!node.cluster.empty())
-            text += " in " + OneLine(node.cluster);
-    }
-    return text;
+    return text + SelectionText();
 }
 
 void BrowserWindow::UpdateStatus() {
     const Text text{OneLine(StatusText())};
     XtVaSetValues(status, XmNlabelString, text.Get(), nullptr);
+    const std::string title = "graph-browser: " + files->Path();
+    XtVaSetValues(shell, XmNtitle, (title + (view->Shown().changed ? " *" : "")).c_str(), nullptr);
     menus->Refresh();
+}
+
+// While a gesture runs, its many small changes are shown at once.
+void BrowserWindow::UpdateStatusSoon() {
+    if (!update)
+        update = XtAppAddWorkProc(XtWidgetToApplicationContext(shell), UpdateLater, this);
+}
+
+Boolean BrowserWindow::UpdateLater(XtPointer window) {
+    auto &self = *static_cast<BrowserWindow *>(window);
+    self.update.reset();
+    self.UpdateStatus();
+    return True;
 }
 
 } // namespace graph_browser

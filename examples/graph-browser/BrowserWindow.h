@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,6 +8,8 @@
 #include <Xm/Xm.h>
 
 #include "DotGraph.h"
+#include "Editor.h"
+#include "FileCommands.h"
 #include "GraphView.h"
 #include "Menus.h"
 #include "ShownMark.h"
@@ -16,36 +19,35 @@ namespace graph_browser {
 // The application's window: a menu bar, the graph, and a line that says what is shown.
 class BrowserWindow {
 public:
-    explicit BrowserWindow(Widget shell);
+    // `on_quit` is called when the user has quit, or closed the window, and nothing is unsaved.
+    BrowserWindow(Widget shell, std::function<void()> on_quit);
+    ~BrowserWindow();
     BrowserWindow(const BrowserWindow &) = delete;
     BrowserWindow &operator=(const BrowserWindow &) = delete;
 
     GraphView &View() { return *view; }
 
     void Show(const std::string &path, Graph graph);
-    // Reads the file and shows it; if it cannot be read, says why and leaves all as it was.
-    void Open(const std::string &path);
+    // As the File menu does.
+    void Open(const std::string &path) { files->Open(path); }
+    void UpdateStatus();
 
 private:
-    static void FileChosen(Widget dialog, XtPointer window, XtPointer call_data);
     static void CloseWindow(Widget, XtPointer window, XtPointer);
-    static void CloseDialog(Widget dialog, XtPointer, XtPointer);
+    static Boolean UpdateLater(XtPointer window);
 
-    void Quit();
-    void AddFileMenu();
-    void ShowOpenDialog();
-    void ShowError(const std::string &message);
-    void UpdateStatus();
+    void UpdateStatusSoon();
     std::string StatusText() const;
+    std::string SelectionText() const;
 
     Widget shell;
     Widget status = nullptr;
-    Widget open_dialog = nullptr;
-    Widget error_dialog = nullptr;
-    std::string path;
     std::unique_ptr<Menus> menus;
     std::unique_ptr<GraphView> view;
+    std::unique_ptr<Editor> editor;
+    std::unique_ptr<FileCommands> files;
     std::unique_ptr<ShownMark> mark;
+    std::optional<XtWorkProcId> update;
 };
 
 } // namespace graph_browser

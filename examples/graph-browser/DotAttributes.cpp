@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <system_error>
 
+#include "DotSource.h"
 #include "Utf8.h"
 
 namespace graph_browser {
@@ -55,6 +56,15 @@ bool ParseNumber(std::string_view &text, double &number) {
         return false;
     text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
     return true;
+}
+
+std::optional<Place> ParsePlace(std::string_view text) {
+    double x = 0;
+    double y = 0;
+    if (!ParseNumber(text, x) || !ParseNumber(text, y))
+        return std::nullopt;
+    const auto bounded = [](double at) { return static_cast<int>(std::clamp(at, 0.0, 32767.0)); };
+    return Place{bounded(x), bounded(y)};
 }
 
 // ---- Colours ---------------------------------------------------------------
@@ -180,7 +190,8 @@ std::string XColorName(std::string_view color) {
 NodeAttributes::NodeAttributes(Agraph_t *graph, const TextRules &text_rules)
     : rules(text_rules), label(Find(graph, AGNODE, "label")), shape(Find(graph, AGNODE, "shape")),
       style(Find(graph, AGNODE, "style")), color(Find(graph, AGNODE, "color")),
-      fill_color(Find(graph, AGNODE, "fillcolor")), font_color(Find(graph, AGNODE, "fontcolor")) {}
+      fill_color(Find(graph, AGNODE, "fillcolor")), font_color(Find(graph, AGNODE, "fontcolor")),
+      place(Find(graph, AGNODE, place_attribute)) {}
 
 LabelText NodeAttributes::Label(Agnode_t *node, std::string_view name) const {
     char *raw = RawValue(node, label);
@@ -210,6 +221,7 @@ Node NodeAttributes::Read(Agnode_t *node) const {
     if (read.fill.empty() && HasStyle(styles, "filled"))
         read.fill = "lightgrey";
     read.text_color = XColorName(Value(node, font_color));
+    read.place = ParsePlace(Value(node, place));
     return read;
 }
 
@@ -243,11 +255,8 @@ Edge EdgeAttributes::Read(Agedge_t *edge) const {
     read.line = LineOf(styles);
     read.width = WidthOf(Value(edge, pen_width), styles);
     read.visible = !HasStyle(styles, "invis");
+    read.turned = Value(edge, dir) == "back";
     return read;
-}
-
-bool EdgeAttributes::PointsBack(Agedge_t *edge) const {
-    return Value(edge, dir) == "back";
 }
 
 } // namespace graph_browser

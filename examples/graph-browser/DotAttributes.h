@@ -36,14 +36,13 @@ private:
     LabelText Label(Agnode_t *node, std::string_view name) const;
 
     const TextRules &rules;
-    Agsym_t *label, *shape, *style, *color, *fill_color, *font_color;
+    Agsym_t *label, *shape, *style, *color, *fill_color, *font_color, *place;
 };
 
 class EdgeAttributes {
 public:
     EdgeAttributes(Agraph_t *graph, const TextRules &text_rules);
     Edge Read(Agedge_t *edge) const; // its ends are left to the caller
-    bool PointsBack(Agedge_t *edge) const;
 
 private:
     std::string Label(Agedge_t *edge) const;

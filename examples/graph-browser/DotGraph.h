@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +14,13 @@ enum class Orientation { Vertical, Horizontal };
 enum class Direction { Both, Forward, Neither };
 enum class LineKind { Solid, Dashed, Dotted };
 
+struct Place {
+    int x = 0;
+    int y = 0;
+    bool operator==(const Place &) const = default;
+};
+
+// Whatever is removed stays in its list, so that the indices of the others hold.
 struct Node {
     std::string name;
     std::string label;
@@ -20,6 +29,9 @@ struct Node {
     std::string cluster;    // label of the innermost cluster around it; empty for none
     bool left_aligned = false;
     bool visible = true;
+    bool removed = false;
+    bool added = false;         // by the user, not from a file
+    std::optional<Place> place; // where the user put it; none for where the layout puts it
 };
 
 // `from` and `to` are indices into Graph::nodes. An edge that points backwards has been turned
@@ -33,8 +45,17 @@ struct Edge {
     LineKind line = LineKind::Solid;
     int width = 0; // pixels; 0 is the server's thinnest
     bool visible = true;
+    bool turned = false; // it points backwards in the file
+    bool removed = false;
 };
 
+// What libcgraph keeps of the file: DotSource.h.
+struct DotSource;
+struct DotSourceDeleter {
+    void operator()(DotSource *source) const;
+};
+
+// Change it by the functions of GraphEdit.h only, which keep `source` in step.
 struct Graph {
     std::string name;
     bool directed = true;
@@ -42,7 +63,19 @@ struct Graph {
     std::vector<Node> nodes;
     std::vector<Edge> edges;
     int graphs_in_file = 1; // the first one is shown
+    bool placed = false;    // the user has put nodes somewhere; saving keeps the places of all
+    bool changed = false;   // since it was read or written
+    std::unique_ptr<DotSource, DotSourceDeleter> source;
+
+    Node &NodeAt(int index) { return nodes[static_cast<std::size_t>(index)]; }
+    const Node &NodeAt(int index) const { return nodes[static_cast<std::size_t>(index)]; }
+    Edge &EdgeAt(int index) { return edges[static_cast<std::size_t>(index)]; }
+    const Edge &EdgeAt(int index) const { return edges[static_cast<std::size_t>(index)]; }
 };
+
+// Those that were not removed.
+std::vector<int> NodesOf(const Graph &graph);
+std::vector<int> EdgesOf(const Graph &graph);
 
 // The edges that touch one node.
 std::vector<int> EdgesAround(const Graph &graph, int node);

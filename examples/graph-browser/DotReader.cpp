@@ -1,5 +1,5 @@
 // Reading has three steps: the file comes into memory whole, libcgraph makes its own graph of it,
-// and that is copied into ours. libcgraph keeps its scanner, its error hook and its file name in
+// and what we show of it is copied. libcgraph keeps its scanner, its error hook and its file name in
 // globals, so that one reading is done before the next begins.
 
 #include "DotReader.h"
@@ -16,6 +16,7 @@
 #include <graphviz/cgraph.h>
 
 #include "DotAttributes.h"
+#include "DotSource.h"
 #include "Utf8.h"
 
 namespace graph_browser {
@@ -79,18 +80,6 @@ int LastLine(std::string_view text) {
 
 // ---- libcgraph -------------------------------------------------------------
 
-struct TextSource {
-    std::string_view rest;
-};
-
-int ReadFromText(void *channel, char *buffer, int size) {
-    auto &source = *static_cast<TextSource *>(channel);
-    const std::size_t count = std::min(source.rest.size(), static_cast<std::size_t>(size));
-    std::memcpy(buffer, source.rest.data(), count);
-    source.rest.remove_prefix(count);
-    return static_cast<int>(count);
-}
-
 // libcgraph hands its messages over in pieces: "Error", ": ", and the text.
 std::string *messages = nullptr;
 
@@ -125,28 +114,16 @@ private:
     agusererrf before;
 };
 
-struct GraphCloser {
-    void operator()(Agraph_t *graph) const { agclose(graph); }
-};
-using GraphHolder = std::unique_ptr<Agraph_t, GraphCloser>;
-
 // Reads graph after graph to the end of the text: libcgraph's scanner would otherwise keep the
-// rest for the next file. Gives the first one and their number.
-GraphHolder ReadGraphs(const std::string &text, int &count) {
-    TextSource source{text};
-    Agiodisc_t input = *AgDefaultDisc.io;
-    input.afread = ReadFromText;
-    Agdisc_t discipline{AgDefaultDisc.mem, AgDefaultDisc.id, &input};
+// rest for the next file.
+std::vector<GraphHolder> ReadGraphs(std::string_view text) {
     agsetfile(nullptr);
     // A node of which the file says nothing shows its name.
     agattr(nullptr, AGNODE, const_cast<char *>("label"), const_cast<char *>("\\N"));
-    GraphHolder first;
-    while (Agraph_t *graph = agread(&source, &discipline)) {
-        GraphHolder holder{graph};
-        if (count++ == 0)
-            first = std::move(holder);
-    }
-    return first;
+    std::vector<GraphHolder> graphs;
+    while (Agraph_t *graph = ReadNext(text))
+        graphs.emplace_back(graph);
+    return graphs;
 }
 
 // libcgraph says "syntax error in line 3 near 'x'", at times with a file name before it.
@@ -174,11 +151,13 @@ ReadError SyntaxError(const std::string &message, int last_line) {
 
 // ---- From libcgraph's graph to ours ----------------------------------------
 
-void CopyNodes(Agraph_t *from, const TextRules &rules, Graph &to) {
-    const NodeAttributes attributes{from, rules};
-    to.nodes.reserve(static_cast<std::size_t>(agnnodes(from)));
-    for (Agnode_t *node = agfstnode(from); node; node = agnxtnode(from, node))
+void CopyNodes(const DotSource &source, const TextRules &rules, Graph &to) {
+    const NodeAttributes attributes{source.Root(), rules};
+    to.nodes.reserve(source.nodes.size());
+    for (Agnode_t *node : source.nodes) {
         to.nodes.push_back(attributes.Read(node));
+        to.placed = to.placed || to.nodes.back().place.has_value();
+    }
 }
 
 // libcgraph numbers nodes as they appear, and gives them out in that order.
@@ -195,50 +174,54 @@ std::vector<Agnode_t *> NodesInOrder(Agraph_t *graph) {
     return order;
 }
 
-void CopyEdges(Agraph_t *from, const TextRules &rules, const std::vector<Agnode_t *> &order,
-               Graph &to) {
-    const EdgeAttributes attributes{from, rules};
-    to.edges.reserve(static_cast<std::size_t>(agnedges(from)));
-    for (Agnode_t *node : order) {
-        for (Agedge_t *edge = agfstout(from, node); edge; edge = agnxtout(from, edge)) {
-            Edge copy = attributes.Read(edge);
-            copy.from = IndexOf(order, agtail(edge));
-            copy.to = IndexOf(order, aghead(edge));
-            if (attributes.PointsBack(edge))
-                std::swap(copy.from, copy.to);
-            to.edges.push_back(std::move(copy));
-        }
+std::vector<Agedge_t *> EdgesInOrder(Agraph_t *graph) {
+    std::vector<Agedge_t *> order;
+    for (Agnode_t *node = agfstnode(graph); node; node = agnxtnode(graph, node))
+        for (Agedge_t *edge = agfstout(graph, node); edge; edge = agnxtout(graph, edge))
+            order.push_back(edge);
+    return order;
+}
+
+void CopyEdges(const DotSource &source, const TextRules &rules, Graph &to) {
+    const EdgeAttributes attributes{source.Root(), rules};
+    to.edges.reserve(source.edges.size());
+    for (Agedge_t *edge : source.edges) {
+        Edge copy = attributes.Read(edge);
+        copy.from = IndexOf(source.nodes, agtail(edge));
+        copy.to = IndexOf(source.nodes, aghead(edge));
+        if (copy.turned)
+            std::swap(copy.from, copy.to);
+        to.edges.push_back(std::move(copy));
     }
 }
 
 // A subgraph is a cluster by its name; inner ones come after the outer, and so have the last word.
-void CopyClusters(Agraph_t *from, const TextRules &rules, const std::vector<Agnode_t *> &order,
-                  Graph &to) {
-    std::vector<Agraph_t *> waiting{from};
-    while (!waiting.empty()) {
-        Agraph_t *graph = waiting.back();
-        waiting.pop_back();
-        for (Agraph_t *inner = agfstsubg(graph); inner; inner = agnxtsubg(inner))
-            waiting.push_back(inner);
-        if (graph == from || !std::string_view{agnameof(graph)}.starts_with("cluster"))
+void CopyClusters(const DotSource &source, const TextRules &rules, Graph &to) {
+    for (Agraph_t *graph : SubgraphsOf(source.Root())) {
+        if (!std::string_view{agnameof(graph)}.starts_with("cluster"))
             continue;
         const std::string label = ClusterLabel(graph, rules);
-        for (Agnode_t *node = agfstnode(graph); node; node = agnxtnode(graph, node))
-            to.nodes[static_cast<std::size_t>(IndexOf(order, agsubnode(from, node, 0)))].cluster =
-                label;
+        for (Agnode_t *node = agfstnode(graph); node; node = agnxtnode(graph, node)) {
+            Agnode_t *own = agsubnode(source.Root(), node, 0);
+            to.nodes[static_cast<std::size_t>(IndexOf(source.nodes, own))].cluster = label;
+        }
     }
 }
 
-Graph CopyGraph(Agraph_t *from) {
-    const TextRules rules = RulesOf(from);
-    const std::vector<Agnode_t *> order = NodesInOrder(from);
+Graph CopyGraph(std::unique_ptr<DotSource, DotSourceDeleter> source) {
+    Agraph_t *root = source->Root();
+    source->nodes = NodesInOrder(root);
+    source->edges = EdgesInOrder(root);
+    const TextRules rules = RulesOf(root);
     Graph to;
     to.name = rules.graph_name;
-    to.directed = agisdirected(from) != 0;
-    to.orientation = OrientationOf(from);
-    CopyNodes(from, rules, to);
-    CopyEdges(from, rules, order, to);
-    CopyClusters(from, rules, order, to);
+    to.directed = agisdirected(root) != 0;
+    to.orientation = OrientationOf(root);
+    to.graphs_in_file = static_cast<int>(source->graphs.size());
+    CopyNodes(*source, rules, to);
+    CopyEdges(*source, rules, to);
+    CopyClusters(*source, rules, to);
+    to.source = std::move(source);
     return to;
 }
 
@@ -252,15 +235,13 @@ std::variant<Graph, ReadError> ReadDotText(const std::string &text) {
     if (const std::size_t zero = text.find('\0'); zero != std::string::npos)
         return ReadError{LineAt(text, zero), "not a DOT file: it holds a zero byte"};
     const MessageCapture capture;
-    int count = 0;
-    const GraphHolder first = ReadGraphs(text, count);
+    std::unique_ptr<DotSource, DotSourceDeleter> source{new DotSource};
+    source->graphs = ReadGraphs(text);
     if (const std::string message = capture.FirstError(); !message.empty())
         return SyntaxError(message, LastLine(text));
-    if (!first)
+    if (source->graphs.empty())
         return ReadError{LastLine(text), "no graph in the file"};
-    Graph graph = CopyGraph(first.get());
-    graph.graphs_in_file = count;
-    return graph;
+    return CopyGraph(std::move(source));
 }
 
 std::variant<Graph, ReadError> ReadDotFile(const std::string &path) {

@@ -1,87 +1,20 @@
 #include "GraphView.h"
 
 #include <algorithm>
-#include <array>
-#include <numeric>
+#include <cstdint>
 #include <utility>
 
 #include <Xm/PushBG.h>
-#include <Xm/ScrolledW.h>
 
 #include <corvidlmw/graph/Arc.h>
 #include <corvidlmw/graph/Graph.h>
 
-#include "Text.h"
+#include "Looks.h"
 
 namespace graph_browser {
 namespace {
 
-constexpr int dash_length = 6;
-constexpr int dot_length = 2;
-constexpr Dimension scroll_margin = 20;
 constexpr const char *selected_color = "#2f5f9f";
-
-// ---- Resources -------------------------------------------------------------
-
-// Resources for one XtCreateWidget or XtSetValues; more than fit are a mistake in this file.
-class Arguments {
-public:
-    template <typename Value>
-    void Add(const char *name, Value value) {
-        XtSetArg(arguments[count], Name(name), value);
-        ++count;
-    }
-    void Add(const Shades &shades) {
-        Add(XmNbackground, shades.background);
-        Add(XmNforeground, shades.foreground);
-        Add(XmNtopShadowColor, shades.top_shadow);
-        Add(XmNbottomShadowColor, shades.bottom_shadow);
-        Add(XmNarmColor, shades.arm);
-    }
-    ArgList Get() { return arguments.data(); }
-    Cardinal Count() const { return count; }
-
-private:
-    std::array<Arg, 16> arguments;
-    Cardinal count = 0;
-};
-
-template <typename Value>
-Value GetResource(Widget widget, const char *name) {
-    Value value{};
-    XtVaGetValues(widget, Name(name), &value, nullptr);
-    return value;
-}
-
-void SetShades(Widget widget, const Shades &shades) {
-    Arguments arguments;
-    arguments.Add(shades);
-    XtSetValues(widget, arguments.Get(), arguments.Count());
-}
-
-int DashesOf(LineKind line) {
-    return line == LineKind::Dotted ? dot_length : dash_length;
-}
-
-int ArcDirectionOf(Direction direction) {
-    switch (direction) {
-    case Direction::Both: return XmBIDIRECTED;
-    case Direction::Forward: return XmDIRECTED;
-    case Direction::Neither: return XmUNDIRECTED;
-    }
-    return XmUNDIRECTED;
-}
-
-struct Sides {
-    short from;
-    short to;
-};
-
-// Arcs run with the levels of the layout.
-Sides SidesFor(Orientation orientation) {
-    return orientation == Orientation::Horizontal ? Sides{XmARC_RIGHT, XmARC_LEFT}
-                                                  : Sides{XmARC_BOTTOM, XmARC_TOP};
-}
 
 // ---- What is in the widget -------------------------------------------------
 
@@ -91,10 +24,7 @@ struct Contents {
 };
 
 Contents Everything(const Graph &graph) {
-    Contents all{std::vector<int>(graph.nodes.size()), std::vector<int>(graph.edges.size())};
-    std::iota(all.nodes.begin(), all.nodes.end(), 0);
-    std::iota(all.edges.begin(), all.edges.end(), 0);
-    return all;
+    return {NodesOf(graph), EdgesOf(graph)};
 }
 
 // Only arcs at the centre come along: one between two neighbours could take one of them away
@@ -104,7 +34,7 @@ Contents Neighbourhood(const Graph &graph, int center) {
     std::vector<bool> present(graph.nodes.size());
     present[static_cast<std::size_t>(center)] = true;
     for (const int index : around.edges) {
-        const Edge &edge = graph.edges[static_cast<std::size_t>(index)];
+        const Edge &edge = graph.EdgeAt(index);
         const int other = edge.from == center ? edge.to : edge.from;
         if (present[static_cast<std::size_t>(other)])
             continue;
@@ -138,7 +68,7 @@ void GraphView::Show(Graph graph) {
     own_shades.reset();
     widgets.assign(model.nodes.size(), nullptr);
     if (model.orientation)
-        SetOrientation(*model.orientation);
+        TakeOrientation(*model.orientation);
     ScheduleRebuild();
 }
 
@@ -161,8 +91,8 @@ Boolean GraphView::RebuildLater(XtPointer view) {
 void GraphView::Rebuild() {
     Clear();
     const unsigned char style = LayoutStyle();
-    if (style == XmBUTTERFLY && !selected && !model.nodes.empty())
-        selected = 0;
+    if (const auto nodes = NodesOf(model); style == XmBUTTERFLY && !selected && !nodes.empty())
+        selected = nodes.front();
     const Contents contents =
         style == XmBUTTERFLY && selected ? Neighbourhood(model, *selected) : Everything(model);
     CreateNodes(contents.nodes);
@@ -184,7 +114,7 @@ void GraphView::CreateNodes(const std::vector<int> &nodes) {
     std::vector<Widget> managed;
     for (const int index : nodes) {
         WidgetOf(index) = CreateNode(index);
-        if (model.nodes[static_cast<std::size_t>(index)].visible)
+        if (model.NodeAt(index).visible)
             managed.push_back(WidgetOf(index));
     }
     XtManageChildren(managed.data(), static_cast<Cardinal>(managed.size()));
@@ -192,60 +122,65 @@ void GraphView::CreateNodes(const std::vector<int> &nodes) {
 }
 
 Widget GraphView::CreateNode(int index) {
-    const Node &node = model.nodes[static_cast<std::size_t>(index)];
-    const Text label{node.label};
+    NodeLook look{colors, model.NodeAt(index)};
     XtCallbackRec activated[] = {{NodeActivated, this}, {nullptr, nullptr}};
-    Arguments arguments;
-    arguments.Add(XmNlabelString, label.Get());
-    arguments.Add(XmNuserData, index);
-    arguments.Add(XmNactivateCallback, activated);
-    if (node.left_aligned)
-        arguments.Add(XmNalignment, XmALIGNMENT_BEGINNING);
-    std::optional<Shades> shades;
-    if (const auto fill = colors.Find(node.fill))
-        shades = colors.ShadesOf(*fill);
-    const auto text_color = colors.Find(node.text_color);
-    if (shades && text_color)
-        shades->foreground = *text_color;
-    if (shades)
-        arguments.Add(*shades);
-    else if (text_color)
-        arguments.Add(XmNforeground, *text_color);
-    return XmCreatePushButtonGadget(graph_widget, Name("node"), arguments.Get(), arguments.Count());
+    look.Add(XmNuserData, index);
+    look.Add(XmNactivateCallback, activated);
+    return XmCreatePushButtonGadget(graph_widget, Name("node"), look.Get(), look.Count());
 }
 
 // An invisible edge is an unmanaged arc: it counts in the layout and is not drawn.
 void GraphView::CreateArcs(const std::vector<int> &edges) {
     std::vector<Widget> managed;
     for (const int index : edges) {
-        const Edge &edge = model.edges[static_cast<std::size_t>(index)];
-        const Widget arc = CreateArc(edge);
-        if (edge.visible)
+        const Widget arc = CreateArc(index);
+        if (model.EdgeAt(index).visible)
             managed.push_back(arc);
     }
     XtManageChildren(managed.data(), static_cast<Cardinal>(managed.size()));
 }
 
-Widget GraphView::CreateArc(const Edge &edge) {
-    const Sides sides = SidesFor(GetOrientation());
-    const Text label{edge.label};
-    Arguments arguments;
-    arguments.Add(XmNfrom, WidgetOf(edge.from));
-    arguments.Add(XmNto, WidgetOf(edge.to));
-    arguments.Add(XmNfromSide, sides.from);
-    arguments.Add(XmNtoSide, sides.to);
-    arguments.Add(XmNarcDirection, ArcDirectionOf(edge.direction));
-    arguments.Add(XmNarcWidth, edge.width);
-    arguments.Add(XmNstyle, edge.line == LineKind::Solid ? LineSolid : LineOnOffDash);
-    arguments.Add(XmNdashes, DashesOf(edge.line));
-    if (const auto color = colors.Find(edge.color))
-        arguments.Add(XmNforeground, *color);
-    if (!edge.label.empty()) {
-        arguments.Add(XmNlabelString, label.Get());
-        arguments.Add(XmNmapLabel, arc_labels);
-        arguments.Add(XmNuserData, this); // marks the arcs that have a label to show
-    }
-    return XmCreateArc(graph_widget, Name("arc"), arguments.Get(), arguments.Count());
+Widget GraphView::CreateArc(int index) {
+    const Edge &edge = model.EdgeAt(index);
+    ArcLook look{colors, edge, GetOrientation(), arc_labels};
+    look.Add(XmNfrom, WidgetOf(edge.from));
+    look.Add(XmNto, WidgetOf(edge.to));
+    look.Add(XmNuserData, index);
+    return XmCreateArc(graph_widget, Name("arc"), look.Get(), look.Count());
+}
+
+// ---- Changes by the user ---------------------------------------------------
+
+int GraphView::IndexOf(Widget object) {
+    return static_cast<int>(
+        reinterpret_cast<std::intptr_t>(GetResource<XtPointer>(object, XmNuserData)));
+}
+
+void GraphView::AdoptNode(Widget gadget, int index) {
+    widgets.resize(model.nodes.size());
+    WidgetOf(index) = gadget;
+    XtVaSetValues(gadget, XmNuserData, index, nullptr);
+    XtAddCallback(gadget, XmNactivateCallback, NodeActivated, this);
+    RefreshNode(index);
+}
+
+void GraphView::AdoptArc(Widget arc, int index) {
+    XtVaSetValues(arc, XmNuserData, index, nullptr);
+    RefreshArc(arc);
+}
+
+void GraphView::RefreshNode(int index) {
+    NodeLook look{colors, model.NodeAt(index)};
+    XtSetValues(WidgetOf(index), look.Get(), look.Count());
+}
+
+void GraphView::RefreshArc(Widget arc) {
+    ArcLook look{colors, model.EdgeAt(IndexOf(arc)), GetOrientation(), arc_labels};
+    XtSetValues(arc, look.Get(), look.Count());
+}
+
+void GraphView::ForgetNode(int index) {
+    WidgetOf(index) = nullptr;
 }
 
 // ---- Selection -------------------------------------------------------------
@@ -279,11 +214,11 @@ void GraphView::MarkSelected() {
     const auto background = colors.Find(selected_color);
     if (!gadget || !background)
         return;
-    own_shades = Shades{.background = GetResource<Pixel>(gadget, XmNbackground),
-                        .foreground = GetResource<Pixel>(gadget, XmNforeground),
-                        .top_shadow = GetResource<Pixel>(gadget, XmNtopShadowColor),
-                        .bottom_shadow = GetResource<Pixel>(gadget, XmNbottomShadowColor),
-                        .arm = GetResource<Pixel>(gadget, XmNarmColor)};
+    if (Editing()) {
+        selected.reset();
+        return XmGraphSelectNode(graph_widget, gadget, False);
+    }
+    own_shades = ShadesIn(gadget);
     SetShades(gadget, colors.ShadesOf(*background));
 }
 
@@ -293,109 +228,58 @@ void GraphView::UnmarkSelected() {
     own_shades.reset();
 }
 
+// ---- Edit mode -------------------------------------------------------------
+
+bool GraphView::Editing() const {
+    return GetResource<Boolean>(graph_widget, XmNeditable) != False;
+}
+
+void GraphView::SetEditing(bool on) {
+    if (on == Editing())
+        return;
+    if (on)
+        TakeLayoutStyle(XmGRAPH);
+    TakeEditing(on);
+    changed();
+}
+
+// One selected node stays selected. Where the graph is about to be built anew, that is done then.
+void GraphView::TakeEditing(bool on) {
+    if (on) {
+        UnmarkSelected();
+    } else {
+        selected = OnlySelected();
+        UnselectAll();
+    }
+    // The keyboard's focus would look like a selection.
+    XtVaSetValues(graph_widget, XmNeditable, on ? True : False, XmNtraversalOn, on ? False : True,
+                  nullptr);
+    if (!rebuild)
+        MarkSelected();
+}
+
+std::optional<int> GraphView::OnlySelected() const {
+    int count = 0;
+    const WidgetList nodes = XmGraphGetSelectedNodes(graph_widget, &count);
+    if (rebuild || count != 1)
+        return std::nullopt;
+    return IndexOf(nodes[0]);
+}
+
+void GraphView::UnselectAll() {
+    int count = 0;
+    const WidgetList nodes = XmGraphGetSelectedNodes(graph_widget, &count);
+    XmGraphUnselectNodes(graph_widget, nodes, count, False);
+    const WidgetList arcs = XmGraphGetSelectedArcs(graph_widget, &count);
+    XmGraphUnselectArcs(graph_widget, arcs, count, False);
+}
+
 void GraphView::NodeActivated(Widget gadget, XtPointer view, XtPointer) {
     auto &self = *static_cast<GraphView *>(view);
     // The node may be one of a graph that is about to go.
     if (self.rebuild)
         return;
-    const auto data = reinterpret_cast<std::intptr_t>(GetResource<XtPointer>(gadget, XmNuserData));
-    self.Select(static_cast<int>(data));
-}
-
-// ---- Layout ----------------------------------------------------------------
-
-void GraphView::LayOut(unsigned char style) {
-    const bool butterfly = style == XmBUTTERFLY && selected;
-    XmGraphSetButterflyRoot(graph_widget, butterfly ? WidgetOf(*selected) : nullptr);
-    XmGraphLayout(graph_widget);
-}
-
-void GraphView::GraphTooBig(Widget, XtPointer view, XtPointer) {
-    static_cast<GraphView *>(view)->too_big = true;
-}
-
-void GraphView::ScrollToSelected() {
-    if (model.nodes.empty() || !XtIsRealized(graph_widget))
-        return;
-    const Widget node = WidgetOf(selected.value_or(0));
-    const Widget scrolled_window = XtParent(XtParent(graph_widget));
-    if (node && XtIsManaged(node))
-        XmScrollVisible(scrolled_window, node, scroll_margin, scroll_margin);
-}
-
-// ---- The view's resources --------------------------------------------------
-
-Orientation GraphView::GetOrientation() const {
-    const bool vertical = GetResource<unsigned char>(graph_widget, XmNorientation) == XmVERTICAL;
-    return vertical ? Orientation::Vertical : Orientation::Horizontal;
-}
-
-void GraphView::SetOrientation(Orientation orientation) {
-    if (orientation == GetOrientation())
-        return;
-    too_big = false;
-    XtVaSetValues(graph_widget, XmNorientation,
-                  orientation == Orientation::Vertical ? XmVERTICAL : XmHORIZONTAL, nullptr);
-    SetSides();
-    changed();
-}
-
-void GraphView::SetSides() {
-    const Sides sides = SidesFor(GetOrientation());
-    int count = 0;
-    const WidgetList arcs = XmGraphGetArcs(graph_widget, &count);
-    for (int i = 0; i < count; ++i)
-        XtVaSetValues(arcs[i], XmNfromSide, sides.from, XmNtoSide, sides.to, nullptr);
-}
-
-unsigned char GraphView::ArcDrawMode() const {
-    return GetResource<unsigned char>(graph_widget, XmNarcDrawMode);
-}
-
-void GraphView::SetArcDrawMode(unsigned char mode) {
-    XtVaSetValues(graph_widget, XmNarcDrawMode, mode, nullptr);
-}
-
-unsigned char GraphView::LayoutStyle() const {
-    return GetResource<unsigned char>(graph_widget, XmNlayoutStyle);
-}
-
-void GraphView::SetLayoutStyle(unsigned char style) {
-    if (style == LayoutStyle())
-        return;
-    // Without a root the change lays nothing out; the new contents are laid out when they stand.
-    XmGraphSetButterflyRoot(graph_widget, nullptr);
-    XtVaSetValues(graph_widget, XmNlayoutStyle, style, nullptr);
-    ScheduleRebuild();
-}
-
-Spacing GraphView::GetSpacing() const {
-    return {GetResource<int>(graph_widget, XmNchildSpacing),
-            GetResource<int>(graph_widget, XmNsiblingSpacing)};
-}
-
-void GraphView::SetSpacing(Spacing spacing) {
-    too_big = false;
-    XtVaSetValues(graph_widget, XmNchildSpacing, spacing.child, XmNsiblingSpacing, spacing.sibling,
-                  nullptr);
-    changed();
-}
-
-bool GraphView::TwinsVisible() const {
-    return GetResource<Boolean>(graph_widget, XmNtwinsVisible) != False;
-}
-
-void GraphView::SetTwinsVisible(bool visible) {
-    XtVaSetValues(graph_widget, XmNtwinsVisible, visible ? True : False, nullptr);
-}
-
-void GraphView::SetArcLabels(bool labels) {
-    arc_labels = labels;
-    int count = 0;
-    const WidgetList arcs = XmGraphGetArcs(graph_widget, &count);
-    for (int i = 0; i < count; ++i)
-        if (GetResource<XtPointer>(arcs[i], XmNuserData) == this)
-            XtVaSetValues(arcs[i], XmNmapLabel, labels ? True : False, nullptr);
+    self.Select(IndexOf(gadget));
 }
 
 } // namespace graph_browser

@@ -33,9 +33,12 @@ public:
     GraphView &operator=(const GraphView &) = delete;
 
     Widget GraphWidget() const { return graph_widget; }
+    Graph &Shown() { return model; }
     const Graph &Shown() const { return model; }
     std::optional<int> Selected() const { return selected; }
     bool TooBig() const { return too_big; } // larger than a window can be
+    // Another graph is to be shown and the old one still stands: its widgets mean nothing.
+    bool AboutToChange() const { return rebuild.has_value(); }
 
     void Show(Graph graph);
     void Select(std::optional<int> node);
@@ -43,6 +46,25 @@ public:
     bool SelectByName(const std::string &name);
     // Brings the selected node into sight, or the first one; a realised view only.
     void ScrollToSelected();
+
+    // In edit mode the gestures are the widget's, and so is the selection.
+    bool Editing() const;
+    void SetEditing(bool on);
+
+    // The node or edge, by index, that a gadget or an arc stands for.
+    static int IndexOf(Widget object);
+    Widget WidgetOfNode(int index) { return WidgetOf(index); }
+    // Lets what a gesture has made stand for a node or edge that was added to Shown().
+    void AdoptNode(Widget gadget, int index);
+    void AdoptArc(Widget arc, int index);
+    // Show what has changed.
+    void RefreshNode(int index);
+    void RefreshArc(Widget arc);
+    // The node's gadget is about to be destroyed.
+    void ForgetNode(int index);
+    // Notes the places of all nodes in Shown() if the user has put any of them somewhere.
+    void KeepPlaces();
+    void LayOutAgain();
 
     Orientation GetOrientation() const;
     void SetOrientation(Orientation orientation);
@@ -68,8 +90,14 @@ private:
     void CreateNodes(const std::vector<int> &nodes);
     void CreateArcs(const std::vector<int> &edges);
     Widget CreateNode(int index);
-    Widget CreateArc(const Edge &edge);
+    Widget CreateArc(int index);
     void LayOut(unsigned char style);
+    void RestorePlaces();
+    void TakeOrientation(Orientation orientation);
+    void TakeEditing(bool on);
+    void TakeLayoutStyle(unsigned char style);
+    std::optional<int> OnlySelected() const;
+    void UnselectAll();
     void MarkSelected();
     void UnmarkSelected();
     void SetSides();

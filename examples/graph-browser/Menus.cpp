@@ -85,9 +85,12 @@ void Menus::Chosen(Widget widget, XtPointer client_data, XtPointer) {
 }
 
 void Menus::Refresh() {
-    for (Entry &entry : entries)
+    for (Entry &entry : entries) {
         if (entry.item.is_set)
             XmToggleButtonGadgetSetState(entry.widget, entry.item.is_set() ? True : False, False);
+        if (entry.item.is_enabled)
+            XtSetSensitive(entry.widget, entry.item.is_enabled() ? True : False);
+    }
 }
 
 } // namespace graph_browser

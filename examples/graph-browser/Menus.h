@@ -17,6 +17,7 @@ struct MenuItem {
     const char *accelerator_text = nullptr; // as the menu shows it
     std::function<void()> act = nullptr;
     std::function<bool()> is_set = nullptr;
+    std::function<bool()> is_enabled = nullptr; // always, without it
 };
 
 // A menu bar made from tables.
@@ -34,7 +35,8 @@ public:
     // A submenu of which one line at a time is set.
     void AddRadioMenu(const char *label, char mnemonic, std::initializer_list<MenuItem> choices);
 
-    // Lets every toggle show the state of what it stands for.
+    // Lets every toggle show the state of what it stands for, and every line whether it can be
+    // chosen.
     void Refresh();
 
 private:

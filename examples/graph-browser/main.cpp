@@ -1,14 +1,12 @@
 // graph-browser FILE: shows a DOT file in a scrolled XmGraph.
 
-#include <clocale>
-#include <cstring>
 #include <iostream>
-#include <langinfo.h>
 #include <string_view>
 #include <variant>
 
 #include <Xm/Xm.h>
 
+#include "Application.h"
 #include "BrowserWindow.h"
 #include "DotReader.h"
 
@@ -57,47 +55,12 @@ constexpr const char *usage =
     "  -select NODE              the node to begin with\n"
     "  -labels true|false        labels on arcs\n";
 
-char *fallback_resources[] = {
-    const_cast<char *>("*mainWindow.width: 1000"),
-    const_cast<char *>("*mainWindow.height: 700"),
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*graph.background: #f6f5f2"),
-    const_cast<char *>("*ClipWindow.background: #f6f5f2"),
-    const_cast<char *>("*graph.foreground: black"),
-    const_cast<char *>("*graph.arcDrawMode: position_fixed"),
-    const_cast<char *>("*graph*node.background: #e3e9f2"),
-    const_cast<char *>("*graph*node.highlightThickness: 1"),
-    const_cast<char *>("*graph*node.shadowThickness: 1"),
-    const_cast<char *>("*graph*node.marginWidth: 4"),
-    const_cast<char *>("*graph*node.marginHeight: 2"),
-    const_cast<char *>("*graph*arc.foreground: #404040"),
-    const_cast<char *>("*status.marginWidth: 6"),
-    const_cast<char *>("*indicatorSize: 12"),
-    const_cast<char *>("*buttonRenderTable: text"),
-    const_cast<char *>("*labelRenderTable: text"),
-    const_cast<char *>("*textRenderTable: text"),
-    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
-    const_cast<char *>("*text.fontName: DejaVu Sans"),
-    const_cast<char *>("*text.fontSize: 9"),
-    nullptr,
-};
-
-// ---- Locale ----------------------------------------------------------------
-
-// The browser's text is UTF-8, also where the environment says nothing of a locale.
-String SetLocale(Display *, String, XtPointer) {
-    std::setlocale(LC_ALL, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-    return std::setlocale(LC_CTYPE, nullptr);
-}
-
 // The window object outlives its widgets, which call it.
 ExitStatus ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Graph graph) {
     Options options{};
     XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
                               nullptr, 0);
-    BrowserWindow window{shell};
+    BrowserWindow window{shell, [app] { XtAppSetExitFlag(app); }};
     window.View().SetArcLabels(options.arc_labels != False);
     window.Show(file, std::move(graph));
     const bool found = !options.selected || window.View().SelectByName(options.selected);
@@ -113,11 +76,8 @@ ExitStatus ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file
 }
 
 int Run(int argc, char **argv, const std::string &file, Graph graph) {
-    XtSetLanguageProc(nullptr, SetLocale, nullptr);
     XtAppContext app = nullptr;
-    const Widget shell = XtOpenApplication(&app, const_cast<char *>("GraphBrowser"), option_table,
-                                           XtNumber(option_table), &argc, argv, fallback_resources,
-                                           applicationShellWidgetClass, nullptr, 0);
+    const Widget shell = OpenApplication(app, option_table, XtNumber(option_table), argc, argv);
     if (argc != 2) {
         std::cerr << "graph-browser: " << argv[1] << ": unknown option\n" << usage;
         return bad_usage;

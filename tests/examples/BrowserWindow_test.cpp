@@ -1,129 +1,7 @@
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
-
-#include <Xm/Label.h>
-#include <Xm/ToggleBG.h>
-
-#include <corvidlmw/graph/Arc.h>
-#include <corvidlmw/graph/Graph.h>
-#include <tests/support/Harness.h>
-
-#include <X11/keysym.h>
-
-#include <BrowserWindow.h>
+#include "BrowserWindowTest.h"
 
 namespace graph_browser {
 namespace {
-
-constexpr const char *family = "digraph { \"grandmother\" -> mother [label=\"has\", penwidth=3];"
-                               " mother -> daughter [style=dashed]; mother -> son [dir=both];"
-                               " father -> mother [dir=none]; daughter -> cat; }";
-
-template <typename Value>
-Value Get(Widget widget, const char *resource) {
-    Value value{};
-    XtVaGetValues(widget, resource, &value, nullptr);
-    return value;
-}
-
-std::string Label(Widget widget) {
-    XmString label = Get<XmString>(widget, XmNlabelString);
-    auto *text = static_cast<char *>(
-        XmStringUnparse(label, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
-    std::string copy = text ? text : "";
-    XtFree(text);
-    XmStringFree(label);
-    return copy;
-}
-
-class BrowserWindowTest : public corvidlmw::test::DisplayTest {
-protected:
-    BrowserWindowTest() : DisplayTest(900, 600) {}
-
-    void SetUp() override {
-        DisplayTest::SetUp();
-        directory = std::filesystem::temp_directory_path() /
-                    ("browser_window_test." + std::to_string(getpid()));
-        std::filesystem::create_directories(directory);
-        window = std::make_unique<BrowserWindow>(shell);
-        window->Open(File("family.dot", family));
-        Show();
-        RunWorkProcs();
-        graph = window->View().GraphWidget();
-    }
-
-    void TearDown() override {
-        XtDestroyWidget(shell);
-        window.reset();
-        std::filesystem::remove_all(directory);
-        DisplayTest::TearDown();
-    }
-
-    std::string File(const char *name, const std::string &text) const {
-        std::ofstream{directory / name} << text;
-        return directory / name;
-    }
-
-    // The node with this label, among those now in the widget.
-    Widget Node(const std::string &label) const {
-        int count = 0;
-        const WidgetList nodes = XmGraphGetNodes(graph, &count);
-        for (int i = 0; i < count; ++i)
-            if (Label(nodes[i]) == label)
-                return nodes[i];
-        ADD_FAILURE() << "no node " << label;
-        return nullptr;
-    }
-
-    Widget Arc(int index) const {
-        int count = 0;
-        const WidgetList arcs = XmGraphGetArcs(graph, &count);
-        return index < count ? arcs[index] : nullptr;
-    }
-
-    int X(const std::string &label) const { return Get<Position>(Node(label), XmNx); }
-
-    bool IsSet(const char *item) const {
-        return XmToggleButtonGadgetGetState(XtNameToWidget(shell, item)) != False;
-    }
-
-    void ClickNode(const std::string &label) {
-        Click(Node(label), 5, 5);
-        RunWorkProcs();
-    }
-
-    // By the Open dialog.
-    void Choose(const std::string &file) {
-        Type(XK_o);
-        const Widget dialog = XtNameToWidget(shell, "*openDialog");
-        ASSERT_NE(dialog, nullptr);
-        XmString name = XmStringCreateLocalized(const_cast<char *>(file.c_str()));
-        XtVaSetValues(dialog, XmNdirSpec, name, nullptr);
-        XmStringFree(name);
-        Click(XtNameToWidget(dialog, "OK"), 5, 5);
-        RunWorkProcs();
-        EXPECT_FALSE(XtIsManaged(dialog));
-    }
-
-    void Type(KeySym key) {
-        Key(key, ControlMask);
-        RunWorkProcs();
-    }
-
-    bool StatusHas(const std::string &part) const {
-        return Label(XtNameToWidget(shell, "*status")).find(part) != std::string::npos;
-    }
-    void ExpectSize(int nodes, int arcs) const {
-        EXPECT_EQ(XmGraphNumNodes(graph), nodes);
-        EXPECT_EQ(XmGraphNumArcs(graph), arcs);
-    }
-
-    std::filesystem::path directory;
-    std::unique_ptr<BrowserWindow> window;
-    Widget graph = nullptr;
-};
 
 TEST_F(BrowserWindowTest, AFileBecomesNodesAndArcsWithItsAttributes) {
     ExpectSize(6, 5);
@@ -222,16 +100,8 @@ TEST_F(BrowserWindowTest, AClickOnAGraphThatIsAboutToGoSelectsNothing) {
 }
 
 TEST_F(BrowserWindowTest, ClosingTheWindowQuits) {
-    XEvent close{};
-    close.xclient.type = ClientMessage;
-    close.xclient.window = XtWindow(shell);
-    close.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
-    close.xclient.format = 32;
-    close.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
-    EXPECT_FALSE(XtAppGetExitFlag(app));
-    XSendEvent(display, XtWindow(shell), False, NoEventMask, &close);
-    Pump();
-    EXPECT_TRUE(XtAppGetExitFlag(app));
+    Close();
+    EXPECT_EQ(quits, 1);
     EXPECT_EQ(XmGraphNumNodes(graph), 6) << "the widgets die later";
 }
 

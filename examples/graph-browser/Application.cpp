@@ -1,0 +1,55 @@
+#include "Application.h"
+
+#include <clocale>
+#include <cstring>
+#include <langinfo.h>
+
+namespace graph_browser {
+namespace {
+
+char *fallback_resources[] = {
+    const_cast<char *>("*mainWindow.width: 1000"),
+    const_cast<char *>("*mainWindow.height: 700"),
+    const_cast<char *>("*background: #dcdad5"),
+    const_cast<char *>("*graph.background: #f6f5f2"),
+    const_cast<char *>("*ClipWindow.background: #f6f5f2"),
+    const_cast<char *>("*graph.foreground: black"),
+    const_cast<char *>("*graph.arcDrawMode: position_fixed"),
+    const_cast<char *>("*graph.XmPushButtonGadget.background: #e3e9f2"),
+    const_cast<char *>("*graph.XmPushButtonGadget.highlightThickness: 2"),
+    const_cast<char *>("*graph.XmPushButtonGadget.highlightColor: #d4500c"),
+    const_cast<char *>("*graph.highlightColor: #d4500c"),
+    const_cast<char *>("*graph.XmPushButtonGadget.shadowThickness: 1"),
+    const_cast<char *>("*graph.XmPushButtonGadget.marginWidth: 4"),
+    const_cast<char *>("*graph.XmPushButtonGadget.marginHeight: 2"),
+    const_cast<char *>("*graph*arc.foreground: #404040"),
+    const_cast<char *>("*XmScrollBar.highlightThickness: 1"),
+    const_cast<char *>("*status.marginWidth: 6"),
+    const_cast<char *>("*indicatorSize: 12"),
+    const_cast<char *>("*buttonRenderTable: text"),
+    const_cast<char *>("*labelRenderTable: text"),
+    const_cast<char *>("*textRenderTable: text"),
+    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
+    const_cast<char *>("*text.fontName: DejaVu Sans"),
+    const_cast<char *>("*text.fontSize: 9"),
+    nullptr,
+};
+
+// The browser's text is UTF-8, also where the environment says nothing of a locale.
+String SetLocale(Display *, String, XtPointer) {
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+    return std::setlocale(LC_CTYPE, nullptr);
+}
+
+} // namespace
+
+Widget OpenApplication(XtAppContext &app, XrmOptionDescList options, Cardinal option_count,
+                       int &argc, char **argv) {
+    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    return XtOpenApplication(&app, const_cast<char *>("GraphBrowser"), options, option_count, &argc,
+                             argv, fallback_resources, applicationShellWidgetClass, nullptr, 0);
+}
+
+} // namespace graph_browser
