@@ -164,7 +164,8 @@ TEST_F(InteractionTest, AnotherButtonBringsTheSliderToThePointer) {
 }
 
 TEST_F(InteractionTest, CancelBringsTheValueBack) {
-    Widget bar = MakeShown({{XmNvalue, 20}, {XmNinitialDelay, at_once}, {XmNrepeatDelay, never}});
+    Widget bar = MakeShown({{XmNinitialDelay, at_once}, {XmNrepeatDelay, never}});
+    XtVaSetValues(bar, XmNvalue, 20, nullptr);
     const XRectangle slider = SliderOf(bar);
     PressAt(bar, 7, slider.y + 5);
     MoveTo(bar, 7, 150);
