@@ -165,7 +165,10 @@ TEST_F(DeathTest, WithAPictureAndAMask) {
     XtAddCallback(
         bar, XmNtroughPixmapCallback, [](Widget, XtPointer, XtPointer) {}, nullptr);
     SvScrollBarRedisplay(bar);
-    EXPECT_GE(ServerResources::Of(display).pixmaps(), before.pixmaps() + 3);
+    XtResizeWidget(bar, 20, 100, 0);
+    XtSetSensitive(bar, False);
+    Pump();
+    EXPECT_EQ(ServerResources::Of(display).pixmaps(), before.pixmaps() + 3);
     XtDestroyWidget(bar);
     ExpectNothingLeft(before);
 }

@@ -4,6 +4,8 @@
 
 #include <Xm/ScrollBarP.h>
 
+#include <utility>
+
 namespace corvidlmw::test {
 namespace {
 
@@ -230,7 +232,15 @@ TEST_F(DrawingTest, ThePictureIsAskedForWhenItsSizeChangesOrOnRequest) {
     Asked asked;
     Widget bar = Make({{XmNmaximum, 300}});
     XtAddCallback(bar, XmNtroughPixmapCallback, NoteAsked, &asked);
+    SvScrollBarRedisplay(bar);
+    EXPECT_EQ(asked.data.size(), 1u) << "also without a window";
     Show();
+    EXPECT_EQ(asked.data.size(), 1u);
+    asked.data.clear();
+    Widget shown = std::exchange(bar, Make({{XmNmaximum, 300}}));
+    XtDestroyWidget(shown);
+    XtAddCallback(bar, XmNtroughPixmapCallback, NoteAsked, &asked);
+    Pump();
     ASSERT_EQ(asked.data.size(), 1u);
     const auto first = asked.data[0];
     EXPECT_EQ(first.reason, 99);

@@ -149,22 +149,9 @@ TEST_F(InteractionTest, ADragFollowsThePointerAndEndsWithAChange) {
     EXPECT_TRUE(Called().empty());
 }
 
-TEST_F(InteractionTest, AnotherButtonBringsTheSliderToThePointer) {
-    Widget bar = MakeShown();
-    for (const int y : {100, 102}) { // in the trough, and then on the slider
-        PressAt(bar, 7, y, Button2);
-        EXPECT_EQ(SliderOf(bar).y, y - 9);
-        EXPECT_EQ(log.back().reason, XmCR_DRAG);
-        MoveTo(bar, 7, 130);
-        EXPECT_EQ(SliderOf(bar).y, 121);
-        Release(Button2);
-        EXPECT_EQ(log.back().reason, XmCR_VALUE_CHANGED);
-    }
-    EXPECT_EQ(log.size(), 6u);
-}
-
 TEST_F(InteractionTest, CancelBringsTheValueBack) {
-    Widget bar = MakeShown({{XmNvalue, 20}, {XmNinitialDelay, at_once}, {XmNrepeatDelay, never}});
+    Widget bar = MakeShown({{XmNinitialDelay, at_once}, {XmNrepeatDelay, never}});
+    XtVaSetValues(bar, XmNvalue, 20, nullptr);
     const XRectangle slider = SliderOf(bar);
     PressAt(bar, 7, slider.y + 5);
     MoveTo(bar, 7, 150);
@@ -205,95 +192,21 @@ TEST_F(InteractionTest, ACancelWithoutAPressIsTheDialogs) {
     EXPECT_TRUE(Called().empty());
 }
 
-// ---- Keys and jumps -----------------------------------------------------------------------------
+// ---- Actions ------------------------------------------------------------------------------------
 
-TEST_F(InteractionTest, KeysStepInTheBarsOwnOrientation) {
-    struct Stroke {
-        KeySym key;
-        unsigned modifiers;
-        bool horizontal;
-        int reason, value;
-    };
-    const Stroke strokes[] = {
-        {XK_Down, 0, false, XmCR_INCREMENT, 51},
-        {XK_Up, 0, false, XmCR_DECREMENT, 49},
-        {XK_Next, 0, false, XmCR_PAGE_INCREMENT, 60},
-        {XK_Prior, 0, false, XmCR_PAGE_DECREMENT, 40},
-        {XK_Down, ControlMask, false, XmCR_PAGE_INCREMENT, 60},
-        {XK_Right, 0, true, XmCR_INCREMENT, 51},
-        {XK_Left, 0, true, XmCR_DECREMENT, 49},
-        {XK_Next, ControlMask, true, XmCR_PAGE_INCREMENT, 60},
-        {XK_Left, ControlMask, true, XmCR_PAGE_DECREMENT, 40},
-    };
-    for (const bool horizontal : {false, true}) {
-        Widget bar = MakeShown({{XmNorientation, horizontal ? XmHORIZONTAL : XmVERTICAL}});
-        for (const Stroke &stroke : strokes) {
-            XtVaSetValues(bar, XmNvalue, 50, nullptr);
-            Key(stroke.key, stroke.modifiers);
-            const Calls own = {{stroke.reason, stroke.value}};
-            EXPECT_EQ(Called(), stroke.horizontal == horizontal ? own : Calls{}) << stroke.key;
-        }
-        Key(XK_Home);
-        EXPECT_EQ(Called(), (Calls{{XmCR_TO_TOP, 0}}));
-        Key(XK_End);
-        EXPECT_EQ(Called(), (Calls{{XmCR_TO_BOTTOM, 90}}));
-        Key(horizontal ? XK_Right : XK_Down);
-        EXPECT_TRUE(Called().empty()) << "at the limit";
-        // A client's own binding, without a parameter and without an event.
-        XtCallActionProc(bar, "IncrementUpOrLeft", nullptr, nullptr, 0);
-        EXPECT_EQ(Called(), (Calls{{XmCR_DECREMENT, 89}}));
-        for (const char *action : {"Select", "Moved", "TopOrBottom", "Release"})
-            XtCallActionProc(bar, action, nullptr, nullptr, 0);
-        EXPECT_TRUE(Called().empty());
-        XtDestroyWidget(bar);
-    }
-}
-
-TEST_F(InteractionTest, AControlClickJumpsToAnEnd) {
+// As a client's own bindings may do.
+TEST_F(InteractionTest, ActionsNeedNoParameterAndNoEvent) {
     Widget bar = MakeShown({{XmNvalue, 50}});
-    const Picture plain = Picture::Of(bar, {0, 0, 15, 14});
-    MoveTo(bar, 7, 5);
-    PressModifiers(ControlMask);
-    Press();
-    EXPECT_FALSE(Picture::Of(bar, {0, 0, 15, 14}) == plain);
-    EXPECT_EQ(log.back().data.pixel, 5);
-    EXPECT_EQ(Called(), (Calls{{XmCR_TO_TOP, 0}}));
-    EXPECT_EQ(SliderOf(bar).y, 14);
-    Release();
-    EXPECT_TRUE(Picture::Of(bar, {0, 0, 15, 14}) == plain);
-    for (const auto &[y, reason, value] :
-         {std::tuple(195, XmCR_TO_BOTTOM, 90), {30, XmCR_TO_TOP, 0}, {150, XmCR_TO_BOTTOM, 90}}) {
-        MoveTo(bar, 7, y);
-        Press();
-        EXPECT_EQ(Called(), (Calls{{reason, value}}));
-        Release();
-    }
-    MoveTo(bar, 7, 180); // on the slider
-    Press();
-    Release();
-    ReleaseModifiers(ControlMask);
+    for (const char *action : {"IncrementUpOrLeft", "PageDownOrRight", "Select", "Moved",
+                               "TopOrBottom", "Release", "CancelDrag"})
+        XtCallActionProc(bar, action, nullptr, nullptr, 0);
+    EXPECT_EQ(Called(), (Calls{{XmCR_DECREMENT, 49}, {XmCR_PAGE_INCREMENT, 59}}));
+    String horizontal_only[] = {Name("1")};
+    XtCallActionProc(bar, "PageUpOrLeft", nullptr, horizontal_only, 1);
     EXPECT_TRUE(Called().empty());
 }
 
 // ---- Who is called ------------------------------------------------------------------------------
-
-TEST_F(InteractionTest, AnInvertedBarCallsThingsByTheClientsNames) {
-    Widget bar = MakeShown(
-        {{XmNprocessingDirection, XmMAX_ON_TOP}, {XmNvalue, 20}, {XmNinitialDelay, never}});
-    Click(bar, 7, 5);
-    EXPECT_EQ(Called(), (Calls{{XmCR_INCREMENT, 21}}));
-    Click(bar, 7, 30);
-    EXPECT_EQ(Called(), (Calls{{XmCR_PAGE_INCREMENT, 31}}));
-    Key(XK_Down);
-    EXPECT_EQ(Called(), (Calls{{XmCR_DECREMENT, 30}}));
-    Key(XK_Home);
-    EXPECT_EQ(SliderOf(bar).y, 14 + 176 - 18);
-    EXPECT_EQ(Called(), (Calls{{XmCR_TO_TOP, 0}}));
-    Key(XK_End);
-    EXPECT_EQ(Called(), (Calls{{XmCR_TO_BOTTOM, 90}}));
-    Drag(bar, {7, 20}, {7, 190}, Button1, 0, 1);
-    EXPECT_EQ(Called(), (Calls{{XmCR_DRAG, 0}, {XmCR_VALUE_CHANGED, 0}}));
-}
 
 TEST_F(InteractionTest, AStepNobodyListensToIsAChangeOfTheValueButADragIsNot) {
     Widget bar = MakeShown({{XmNinitialDelay, never}}, false);

@@ -52,23 +52,6 @@ Rectangle Transposed(const Rectangle &r) {
     return {r.y, r.x, r.height, r.width};
 }
 
-TEST(ScrollBarGeometry, AHorizontalLayoutIsAVerticalOneTurnedOver) {
-    Random random;
-    for (int i = 0; i < 20000; i++) {
-        const bool tiny = random.Chance(0.5);
-        const Frame frame = {random.Between(1, tiny ? 40 : 40000),
-                             random.Between(1, tiny ? 40 : 300), random.Between(0, 20), true,
-                             random.Chance(0.8)};
-        const Layout wide = Arrange(frame);
-        const Layout high = Arrange({frame.height, frame.width, frame.edge, false, frame.arrows});
-        EXPECT_EQ(wide.trough, Transposed(high.trough));
-        EXPECT_EQ(wide.arrow2, (Point{high.arrow2.y, high.arrow2.x}));
-        EXPECT_EQ(wide.arrow_width, high.arrow_height);
-        EXPECT_GE(wide.trough.width, 1);
-        EXPECT_GE(wide.trough.height, 1);
-    }
-}
-
 // ---- Slider -------------------------------------------------------------------------------------
 
 Range RandomRange(Random &random) {
