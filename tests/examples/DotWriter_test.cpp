@@ -222,6 +222,9 @@ TEST(DotWriter, AMovedEdgeKeepsWhatTheFileSaysOfIt) {
     EXPECT_EQ(Facts(WriteDot(graph)),
               Facts("digraph { subgraph s { a; b } c; c -> b [key=k, weight=7, headport=s,"
                     " color=red, dir=back]; b -> c [key=k] }"));
+    Graph inner = Read("digraph { subgraph s { a -> b; c } }");
+    EXPECT_TRUE(MoveEdge(inner, 0, 0, 2));
+    EXPECT_EQ(Facts(WriteDot(inner)), Facts("digraph { subgraph s { a; b; a -> c } }"));
     EXPECT_TRUE(MoveEdge(graph, 1, 2, 1));
     EXPECT_EQ(graph.edges.size(), 2U);
     ExpectSavedAsShown(graph);
