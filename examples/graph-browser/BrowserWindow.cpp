@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <Xm/Form.h>
 #include <Xm/Label.h>
 #include <Xm/MainW.h>
 #include <Xm/Protocols.h>
@@ -11,6 +12,7 @@
 #include <corvidlmw/graph/Graph.h>
 
 #include "EditMenu.h"
+#include "SightMenu.h"
 #include "Text.h"
 #include "ViewMenu.h"
 
@@ -48,7 +50,7 @@ BrowserWindow::BrowserWindow(Widget of_shell, std::function<void()> on_quit) : s
     const Widget main_window =
         XtCreateManagedWidget("mainWindow", xmMainWindowWidgetClass, shell, nullptr, 0);
     const Widget menu_bar = XmCreateMenuBar(main_window, Name("menuBar"), nullptr, 0);
-    view = std::make_unique<GraphView>(main_window, [this] { UpdateStatus(); });
+    const Widget work = AddSight(main_window);
     const Text nothing{" "};
     status = XtVaCreateManagedWidget("status", xmLabelWidgetClass, main_window, XmNlabelString,
                                      nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING, nullptr);
@@ -56,17 +58,31 @@ BrowserWindow::BrowserWindow(Widget of_shell, std::function<void()> on_quit) : s
     editor = std::make_unique<Editor>(*view, shell, [this] { UpdateStatusSoon(); });
     files = std::make_unique<FileCommands>(*this, shell, std::move(on_quit));
     files->AddMenu(*menus);
-    AddEditMenu(*menus, *view, *editor);
+    AddEditMenu(*menus, *view, *editor, *search);
     AddViewMenu(*menus, *view);
+    AddSightCommands(*menus, *view, *overview, *search);
     XtManageChild(menu_bar);
-    // The scrolled window stands around the graph's clip window.
-    XtVaSetValues(main_window, XmNmenuBar, menu_bar, XmNworkWindow,
-                  XtParent(XtParent(view->GraphWidget())), XmNmessageWindow, status, nullptr);
+    XtVaSetValues(main_window, XmNmenuBar, menu_bar, XmNcommandWindow, search->Line(),
+                  XmNworkWindow, work, XmNmessageWindow, status, nullptr);
     mark = std::make_unique<ShownMark>(shell, view->GraphWidget());
     // Closing the window is quitting: nothing of the toolkit's may end the program on the way.
     XtVaSetValues(shell, XmNdeleteResponse, XmDO_NOTHING, nullptr);
     XmAddWMProtocolCallback(shell, XmInternAtom(XtDisplay(shell), Name("WM_DELETE_WINDOW"), False),
                             CloseWindow, this);
+}
+
+// The graph with its overview, and the line that finds nodes in both.
+Widget BrowserWindow::AddSight(Widget main_window) {
+    const Widget work = XtVaCreateManagedWidget("work", xmFormWidgetClass, main_window,
+                                                XmNresizePolicy, XmRESIZE_NONE, nullptr);
+    view = std::make_unique<GraphView>(work, [this] { UpdateStatus(); });
+    // The scrolled window stands around the graph's clip window.
+    const Widget scrolled_window = XtParent(XtParent(view->GraphWidget()));
+    XtVaSetValues(scrolled_window, XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
+                  XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, nullptr);
+    overview = std::make_unique<OverviewPane>(work, scrolled_window, view->GraphWidget());
+    search = std::make_unique<Search>(main_window, *view, [this] { menus->Refresh(); });
+    return work;
 }
 
 BrowserWindow::~BrowserWindow() {
@@ -119,6 +135,7 @@ void BrowserWindow::UpdateStatus() {
     XtVaSetValues(status, XmNlabelString, text.Get(), nullptr);
     const std::string title = "graph-browser: " + files->Path();
     XtVaSetValues(shell, XmNtitle, (title + (view->Shown().changed ? " *" : "")).c_str(), nullptr);
+    search->Refresh();
     menus->Refresh();
 }
 

@@ -12,6 +12,8 @@
 #include "FileCommands.h"
 #include "GraphView.h"
 #include "Menus.h"
+#include "OverviewPane.h"
+#include "Search.h"
 #include "ShownMark.h"
 
 namespace graph_browser {
@@ -26,6 +28,7 @@ public:
     BrowserWindow &operator=(const BrowserWindow &) = delete;
 
     GraphView &View() { return *view; }
+    Search &Finder() { return *search; }
 
     void Show(const std::string &path, Graph graph);
     // As the File menu does.
@@ -36,6 +39,7 @@ private:
     static void CloseWindow(Widget, XtPointer window, XtPointer);
     static Boolean UpdateLater(XtPointer window);
 
+    Widget AddSight(Widget main_window);
     void UpdateStatusSoon();
     std::string StatusText() const;
     std::string SelectionText() const;
@@ -44,6 +48,8 @@ private:
     Widget status = nullptr;
     std::unique_ptr<Menus> menus;
     std::unique_ptr<GraphView> view;
+    std::unique_ptr<OverviewPane> overview;
+    std::unique_ptr<Search> search;
     std::unique_ptr<Editor> editor;
     std::unique_ptr<FileCommands> files;
     std::unique_ptr<ShownMark> mark;

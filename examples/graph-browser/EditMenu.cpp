@@ -2,7 +2,7 @@
 
 namespace graph_browser {
 
-void AddEditMenu(Menus &menus, GraphView &view, Editor &editor) {
+void AddEditMenu(Menus &menus, GraphView &view, Editor &editor, Search &search) {
     const auto editing = [&view] { return view.Editing(); };
     // clang-format off
     menus.AddMenu("Edit", 'E');
@@ -13,8 +13,15 @@ void AddEditMenu(Menus &menus, GraphView &view, Editor &editor) {
                       [&editor] { editor.AddNode(); }, nullptr, editing});
     menus.AddCommand({"Name...", 'N', "<Key>F2", "F2",
                       [&editor] { editor.LabelSelected(); }, nullptr, editing});
+    // The accelerator takes the key from the text to be found, too.
     menus.AddCommand({"Delete", 'D', "<Key>Delete", "Del",
-                      [&editor] { editor.DeleteSelected(); }, nullptr, editing});
+                      [&editor, &search] {
+                          if (search.HasKeyboard())
+                              search.DeleteCharacter();
+                          else
+                              editor.DeleteSelected();
+                      },
+                      nullptr, [&view, &search] { return view.Editing() || search.HasKeyboard(); }});
     menus.AddSeparator();
     menus.AddCommand({"Select All", 'S', "Ctrl<Key>a", "Ctrl+A",
                       [&editor] { editor.SelectAll(); }, nullptr, editing});

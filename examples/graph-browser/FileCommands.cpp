@@ -11,6 +11,7 @@
 #include "Dialogs.h"
 #include "DotReader.h"
 #include "DotWriter.h"
+#include "PrintFile.h"
 #include "Text.h"
 
 namespace graph_browser {
@@ -47,6 +48,7 @@ void FileCommands::AddMenu(Menus &menus) {
         {"Open...", 'O', "Ctrl<Key>o", "Ctrl+O", [this, open] { AskFile("Open", open); }});
     menus.AddCommand({"Save", 'S', "Ctrl<Key>s", "Ctrl+S", [this] { Save(nullptr); }});
     menus.AddCommand({"Save As...", 'A', nullptr, nullptr, [this] { SaveAs(nullptr); }});
+    menus.AddCommand({"Print to File...", 'P', "Ctrl<Key>p", "Ctrl+P", [this] { Print(); }});
     menus.AddSeparator();
     menus.AddCommand({"Quit", 'Q', "Ctrl<Key>q", "Ctrl+Q", [this] { Quit(); }});
 }
@@ -115,6 +117,21 @@ void FileCommands::Write(const std::string &file, const Step &next) {
     window.UpdateStatus();
     if (next)
         next();
+}
+
+// ---- Printing --------------------------------------------------------------
+
+void FileCommands::Print() {
+    AskFile("Print to File", [this](const std::string &file) {
+        if (!Exists(file))
+            return PrintTo(file);
+        Ask(shell, file + " exists.", {{"Replace it", [this, file] { PrintTo(file); }}});
+    });
+}
+
+void FileCommands::PrintTo(const std::string &file) {
+    if (const auto error = PrintToFile(window.View().GraphWidget(), file))
+        ShowError(shell, file + " was not printed: " + *error);
 }
 
 // ---- The file dialog -------------------------------------------------------

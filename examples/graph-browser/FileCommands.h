@@ -30,6 +30,8 @@ public:
     // Reads the file and shows it; if it cannot be read, says why and leaves all as it was.
     void Open(const std::string &file);
     void Quit();
+    // Asks for a file and writes PostScript to it.
+    void Print();
 
 private:
     using TakeFile = std::function<void(const std::string &)>;
@@ -42,6 +44,7 @@ private:
     void SaveAs(const Step &next);
     void SaveTo(const std::string &file, const Step &next);
     void Write(const std::string &file, const Step &next);
+    void PrintTo(const std::string &file);
     void AskFile(const char *title, TakeFile take);
 
     BrowserWindow &window;

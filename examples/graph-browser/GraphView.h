@@ -74,6 +74,7 @@ public:
     void SetLayoutStyle(unsigned char style);
     Spacing GetSpacing() const;
     void SetSpacing(Spacing spacing);
+    void Zoom(float factor); // XmGraphZoom
     bool TwinsVisible() const;
     void SetTwinsVisible(bool visible);
     bool ArcLabels() const { return arc_labels; }

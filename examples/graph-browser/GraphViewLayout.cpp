@@ -142,6 +142,13 @@ void GraphView::SetSpacing(Spacing spacing) {
     changed();
 }
 
+void GraphView::Zoom(float factor) {
+    SetPlaced(model, false);
+    too_big = false;
+    XmGraphZoom(graph_widget, factor);
+    changed();
+}
+
 bool GraphView::TwinsVisible() const {
     return GetResource<Boolean>(graph_widget, XmNtwinsVisible) != False;
 }

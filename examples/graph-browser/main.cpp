@@ -1,4 +1,4 @@
-// graph-browser FILE: shows a DOT file in a scrolled XmGraph.
+// graph-browser FILE: shows a DOT file in a scrolled XmGraph, or prints it.
 
 #include <iostream>
 #include <string_view>
@@ -9,6 +9,7 @@
 #include "Application.h"
 #include "BrowserWindow.h"
 #include "DotReader.h"
+#include "PrintFile.h"
 
 namespace {
 
@@ -20,6 +21,8 @@ enum ExitStatus { ok = 0, bad_file = 1, bad_usage = 2 };
 
 struct Options {
     char *selected;
+    char *find;
+    char *print;
     Boolean arc_labels;
 };
 
@@ -32,6 +35,8 @@ struct Options {
 
 XtResource option_resources[] = {
     OPTION("selected", XmRString, sizeof(char *), selected, XmRImmediate, 0),
+    OPTION("find", XmRString, sizeof(char *), find, XmRImmediate, 0),
+    OPTION("print", XmRString, sizeof(char *), print, XmRImmediate, 0),
     OPTION("arcLabels", XmRBoolean, sizeof(Boolean), arc_labels, XmRImmediate, True),
 };
 
@@ -43,6 +48,8 @@ XrmOptionDescRec option_table[] = {
     {const_cast<char *>("-layout"), const_cast<char *>("*graph.layoutStyle"), XrmoptionSepArg,
      nullptr},
     {const_cast<char *>("-select"), const_cast<char *>(".selected"), XrmoptionSepArg, nullptr},
+    {const_cast<char *>("-find"), const_cast<char *>(".find"), XrmoptionSepArg, nullptr},
+    {const_cast<char *>("-print"), const_cast<char *>(".print"), XrmoptionSepArg, nullptr},
     {const_cast<char *>("-labels"), const_cast<char *>(".arcLabels"), XrmoptionSepArg, nullptr},
 };
 
@@ -53,26 +60,48 @@ constexpr const char *usage =
     "  -arcs position_fixed|position_relative|position_proportional\n"
     "  -layout graph|butterfly   the whole graph, or the selected node with its neighbours\n"
     "  -select NODE              the node to begin with\n"
+    "  -find TEXT                mark the nodes with this text, and go to the first\n"
+    "  -print FILE.ps            print the graph to this file instead of showing it\n"
     "  -labels true|false        labels on arcs\n";
 
+// ---- What the user asked for -----------------------------------------------
+
+ExitStatus Print(BrowserWindow &window, const std::string &file) {
+    const auto error = PrintToFile(window.View().GraphWidget(), file);
+    if (error)
+        std::cerr << "graph-browser: " << file << ": " << *error << '\n';
+    return error ? bad_file : ok;
+}
+
+ExitStatus ShowUntilQuit(XtAppContext app, Widget shell, BrowserWindow &window,
+                         const Options &options) {
+    XtRealizeWidget(shell);
+    window.View().ScrollToSelected();
+    if (options.find) {
+        window.Finder().SetText(options.find);
+        window.Finder().GoToNext();
+    }
+    XtAppMainLoop(app);
+    return ok;
+}
+
 // The window object outlives its widgets, which call it.
-ExitStatus ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Graph graph) {
+ExitStatus ShowOrPrint(XtAppContext app, Widget shell, const std::string &file, Graph graph) {
     Options options{};
     XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
                               nullptr, 0);
     BrowserWindow window{shell, [app] { XtAppSetExitFlag(app); }};
     window.View().SetArcLabels(options.arc_labels != False);
     window.Show(file, std::move(graph));
-    const bool found = !options.selected || window.View().SelectByName(options.selected);
-    if (found) {
-        XtRealizeWidget(shell);
-        window.View().ScrollToSelected();
-        XtAppMainLoop(app);
-    } else {
+    ExitStatus status = bad_usage;
+    if (options.selected && !window.View().SelectByName(options.selected))
         std::cerr << "graph-browser: " << file << ": no node " << options.selected << '\n';
-    }
+    else if (options.print)
+        status = Print(window, options.print);
+    else
+        status = ShowUntilQuit(app, shell, window, options);
     XtDestroyWidget(shell);
-    return found ? ok : bad_usage;
+    return status;
 }
 
 int Run(int argc, char **argv, const std::string &file, Graph graph) {
@@ -82,7 +111,7 @@ int Run(int argc, char **argv, const std::string &file, Graph graph) {
         std::cerr << "graph-browser: " << argv[1] << ": unknown option\n" << usage;
         return bad_usage;
     }
-    const ExitStatus status = ShowUntilQuit(app, shell, file, std::move(graph));
+    const ExitStatus status = ShowOrPrint(app, shell, file, std::move(graph));
     XtDestroyApplicationContext(app);
     return status;
 }
