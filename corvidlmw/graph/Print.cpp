@@ -13,6 +13,7 @@
 #include <corvidlmw/graph/PageGeometry.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -22,6 +23,36 @@ using namespace corvidlmw::graph;
 namespace {
 
 using OwnedFile = std::unique_ptr<std::FILE, FreeWith<std::fclose>>;
+
+// A file that can take no more makes writing fail; the signals that come with it, from a limit of size
+// or from a pipe without a reader, would end the client.
+class NoWriteSignals {
+public:
+    NoWriteSignals() {
+        sigset_t pending;
+        sigemptyset(&own_);
+        sigpending(&pending);
+        for (int signal : {SIGXFSZ, SIGPIPE}) {
+            if (!sigismember(&pending, signal)) {
+                sigaddset(&own_, signal);
+            }
+        }
+        pthread_sigmask(SIG_BLOCK, &own_, &before_);
+    }
+    // What has come belongs to the writing alone.
+    ~NoWriteSignals() {
+        const timespec at_once{};
+        while (sigtimedwait(&own_, nullptr, &at_once) > 0) {
+        }
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    }
+    NoWriteSignals(const NoWriteSignals &) = delete;
+    NoWriteSignals &operator=(const NoWriteSignals &) = delete;
+
+private:
+    sigset_t own_;
+    sigset_t before_;
+};
 
 // ---- The fixed text of the file --------------------------------------------------------------------
 
@@ -233,6 +264,7 @@ extern "C" void XmGraphPrint(Widget w, const char *filename) {
         return;
     }
     const std::vector<Widget> nodes = NodesOf(w);
+    const NoWriteSignals no_signals;
     const OwnedFile file(nodes.empty() ? nullptr : std::fopen(filename, "w"));
     if (!file) {
         return;

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/resource.h>
 
 namespace corvidlmw::test {
 namespace {
@@ -271,6 +272,13 @@ TEST_F(Print, LeavesFilesAloneThatItCannotUse) {
     };
     const auto before = open_files();
     XmGraphPrint(graph, "/dev/full");
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small = {5000, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    XmGraphPrint(graph, file.c_str());
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(fs::file_size(file), 5000u);
     EXPECT_EQ(open_files(), before);
 }
 
