@@ -2,12 +2,9 @@
 // a frame around the part that can be seen, which the pointer drags.
 //
 // The graph and its overview name each other in callbacks and event handlers; whoever dies first takes
-// them off the other. The frame is drawn by exclusive or and taken away by drawing it again, so what
-// matters is to know whether it is there: `frame_shown` says so. Clearing the window takes it away as
-// well. Where a mark was painted over it since, it is not there any more.
+// them off the other.
 
-#include <corvidlmw/graph/GraphI.h>
-#include <corvidlmw/graph/OverviewGeometry.h>
+#include <corvidlmw/graph/OverviewI.h>
 
 #include <Xm/DrawingA.h>
 
@@ -24,20 +21,8 @@ using overview::Scale;
 void show_overview(Widget overview, XtPointer graph, XtPointer call_data);
 void update_overview(Widget graph, XtPointer overview, XtPointer call_data);
 void overviewDestroyed(Widget overview, XtPointer graph, XtPointer call_data);
-void handle_overview_btndown(Widget overview, XtPointer graph, XEvent *event, Boolean *dispatch);
-void handle_overview_btnup(Widget overview, XtPointer graph, XEvent *event, Boolean *dispatch);
-void handle_overview_mouse_motion(Widget overview, XtPointer graph, XEvent *event,
-                                  Boolean *dispatch);
 
 // ---- What there is -------------------------------------------------------------------------------
-
-Size SizeOf(Widget w) {
-    return {w->core.width, w->core.height};
-}
-
-Scale ScaleOf(Widget w) {
-    return {GraphOf(w).overview_x_scale, GraphOf(w).overview_y_scale};
-}
 
 std::span<Widget> NodesOf(Widget w) {
     auto children = Children(w);
@@ -47,126 +32,6 @@ std::span<Widget> NodesOf(Widget w) {
 // No mark is -1, which a client may have given as an int: its width decides.
 bool HasMark(Widget node) {
     return static_cast<std::int32_t>(ConstraintOf(node).mark_color) >= 0;
-}
-
-// Figures past 16 bits lie outside of every window; cut to 16 bits they would come in again.
-short InRange(int coordinate) {
-    return static_cast<short>(std::clamp(coordinate, -32768, 32767));
-}
-
-XRectangle ToXRectangle(const Rectangle &r) {
-    const short left = InRange(r.x);
-    const short top = InRange(r.y);
-    return {left, top, static_cast<unsigned short>(std::clamp(r.x + r.width - left, 0, 65535)),
-            static_cast<unsigned short>(std::clamp(r.y + r.height - top, 0, 65535))};
-}
-
-// ---- The frame --------------------------------------------------------------------------------------
-
-Rectangle FrameOf(Widget w) {
-    const auto &graph = GraphOf(w);
-    return {graph.viewport_x, graph.viewport_y, graph.viewport_width, graph.viewport_height};
-}
-
-void StoreFrame(Widget w, const Rectangle &frame) {
-    auto &graph = GraphOf(w);
-    graph.viewport_x = InRange(frame.x);
-    graph.viewport_y = InRange(frame.y);
-    graph.viewport_width = CutToDimension(frame.width);
-    graph.viewport_height = CutToDimension(frame.height);
-}
-
-// Draws the frame, or takes it away. The GCs bear the names of the resources that they were first made
-// from, the other way round than they are used.
-void DrawViewport(Widget w, Widget overview) {
-    StoreFrame(w, overview::KeepInside(FrameOf(w), SizeOf(overview)));
-    auto draw = [&](GC gc, const std::array<Segment, 4> &lines) {
-        for (const Segment &line : lines) {
-            XDrawLine(XtDisplay(overview), XtWindow(overview), gc, line.start.x, line.start.y,
-                      line.end.x, line.end.y);
-        }
-    };
-    draw(GraphOf(w).overview_viewport_bottom_gc, overview::UpperLeftLines(FrameOf(w)));
-    draw(GraphOf(w).overview_viewport_top_gc, overview::LowerRightLines(FrameOf(w)));
-}
-
-void ShowFrame(Widget w) {
-    DrawViewport(w, GraphOf(w).overview);
-    StateOf(w).overview.frame_shown = true;
-}
-
-// The window was cleared, or the frame taken away.
-void ForgetFrame(Widget w) {
-    StateOf(w).overview.frame_shown = false;
-    StateOf(w).overview.painted_over.reset();
-}
-
-// Keeps the removal of the frame off the pixels that are not its own any more.
-class FrameClip {
-public:
-    explicit FrameClip(Widget w) : graph_(GraphOf(w)), display_(XtDisplay(w)) {
-        const auto &painted_over = StateOf(w).overview.painted_over;
-        if (!painted_over) {
-            return;
-        }
-        XRectangle window =
-            ToXRectangle({0, 0, graph_.overview->core.width, graph_.overview->core.height});
-        const OwnedRegion rest(XCreateRegion());
-        XUnionRectWithRegion(&window, rest.get(), rest.get());
-        XSubtractRegion(rest.get(), painted_over.get(), rest.get());
-        XSetRegion(display_, graph_.overview_viewport_bottom_gc, rest.get());
-        XSetRegion(display_, graph_.overview_viewport_top_gc, rest.get());
-        clipped_ = true;
-    }
-    ~FrameClip() {
-        if (clipped_) {
-            XSetClipMask(display_, graph_.overview_viewport_bottom_gc, None);
-            XSetClipMask(display_, graph_.overview_viewport_top_gc, None);
-        }
-    }
-    FrameClip(const FrameClip &) = delete;
-    FrameClip &operator=(const FrameClip &) = delete;
-
-private:
-    XmGraphPart &graph_;
-    Display *display_;
-    bool clipped_ = false;
-};
-
-void HideFrame(Widget w) {
-    if (!StateOf(w).overview.frame_shown) {
-        return;
-    }
-    {
-        const FrameClip clip(w);
-        DrawViewport(w, GraphOf(w).overview);
-    }
-    ForgetFrame(w);
-}
-
-void MoveFrame(Widget w, const Rectangle &frame) {
-    const auto &state = StateOf(w).overview;
-    const Rectangle inside = overview::KeepInside(frame, SizeOf(GraphOf(w).overview));
-    if (state.frame_shown && !state.painted_over && inside == FrameOf(w)) {
-        return;
-    }
-    HideFrame(w);
-    StoreFrame(w, frame);
-    ShowFrame(w);
-}
-
-// Around what the clip window shows now.
-void FollowScroll(Widget w) {
-    const auto &graph = GraphOf(w);
-    if (graph.overview_dragging) {
-        return;
-    }
-    if (!graph.in_scrolled_window || !ScaleOf(w).IsSet()) {
-        HideFrame(w);
-        return;
-    }
-    MoveFrame(w, overview::FrameFor(ScaleOf(w), {-w->core.x, -w->core.y},
-                                    {graph.clip_width, graph.clip_height}));
 }
 
 // ---- Painting ---------------------------------------------------------------------------------------
@@ -291,17 +156,12 @@ void PaintFrame(Widget w) {
     }
 }
 
-bool CanPaint(Widget w) {
-    Widget overview = GraphOf(w).overview;
-    return !IsBeingDestroyed(w) && overview && HasWindow(overview);
-}
-
 // The last exposure of a series is the one that is painted for: each is answered with all there is.
 void show_overview(Widget overview, XtPointer client_data, XtPointer call_data) {
     auto w = static_cast<Widget>(client_data);
     const auto *data = static_cast<XmDrawingAreaCallbackStruct *>(call_data);
     const XEvent *event = data ? data->event : nullptr;
-    if (!CanPaint(w) || (event && event->type == Expose && event->xexpose.count > 0)) {
+    if (!CanPaintOverview(w) || (event && event->type == Expose && event->xexpose.count > 0)) {
         return;
     }
     PrepareWindow(w, overview);
@@ -341,77 +201,18 @@ void set_overview_mark(Widget w, Widget node) {
     }
     Widget overview = GraphOf(w).overview;
     FillNode(w, overview, node);
-    auto &state = StateOf(w).overview;
-    const Rectangle place = overview::MiniatureOf(ScaleOf(w), RectangleOf(node));
-    if (state.frame_shown && overview::TouchesFrame(FrameOf(w), place)) {
-        if (!state.painted_over) {
-            state.painted_over.reset(XCreateRegion());
-        }
-        XRectangle r = ToXRectangle(place);
-        XUnionRectWithRegion(&r, state.painted_over.get(), state.painted_over.get());
-    }
+    NotePaintedOver(w, overview::MiniatureOf(ScaleOf(w), RectangleOf(node)));
 }
 
 void update_overview(Widget w, XtPointer, XtPointer call_data) {
     const auto *change = static_cast<XmGraphCallbackStruct *>(call_data);
-    if (!CanPaint(w) || !HasWindow(w)) {
+    if (!CanPaintOverview(w) || !HasWindow(w)) {
         return;
     }
     switch (change ? change->reason : XmCR_LAYOUT_CHANGED) {
     case XmCR_MARK_CHANGED: return set_overview_mark(w, change->widget);
     case XmCR_GRAPH_SCROLLED: return FollowScroll(w);
     default: return ClearOverview(w);
-    }
-}
-
-// ---- Dragging the frame ---------------------------------------------------------------------------------
-
-// Its corner jumps to the pointer. Outside of a scrolled window it stands for nothing and is drawn all
-// the same; where there is no picture there is no frame.
-void PutFrameAt(Widget w, int x, int y) {
-    Rectangle frame = FrameOf(w);
-    frame.x = InRange(x);
-    frame.y = InRange(y);
-    if (ScaleOf(w).IsSet()) {
-        MoveFrame(w, frame);
-    }
-}
-
-// The graph may be dead afterwards.
-void ScrollToFrame(Widget w) {
-    const auto &graph = GraphOf(w);
-    if (graph.in_scrolled_window && ScaleOf(w).IsSet()) {
-        ScrollTo(w, overview::GraphPlaceOf(ScaleOf(w), {graph.viewport_x, graph.viewport_y}));
-    }
-}
-
-void handle_overview_btndown(Widget, XtPointer client_data, XEvent *event, Boolean *) {
-    auto w = static_cast<Widget>(client_data);
-    if (CanPaint(w)) {
-        GraphOf(w).overview_dragging = 1;
-        PutFrameAt(w, event->xbutton.x, event->xbutton.y);
-    }
-}
-
-// A drawing area selects the motion of every button, and all handlers of any motion are called for it.
-void handle_overview_mouse_motion(Widget, XtPointer client_data, XEvent *event, Boolean *) {
-    auto w = static_cast<Widget>(client_data);
-    if (CanPaint(w) && (event->xmotion.state & Button1Mask)) {
-        PutFrameAt(w, event->xmotion.x, event->xmotion.y);
-        ScrollToFrame(w);
-    }
-}
-
-// To where the frame stands, which need not be where the button was let go.
-void handle_overview_btnup(Widget, XtPointer client_data, XEvent *, Boolean *) {
-    auto w = static_cast<Widget>(client_data);
-    if (IsBeingDestroyed(w)) {
-        return;
-    }
-    Watch watch(w);
-    ScrollToFrame(w);
-    if (!watch.Died()) {
-        GraphOf(w).overview_dragging = 0;
     }
 }
 
@@ -454,6 +255,18 @@ bool CanDrawOn(Widget w, Widget other) {
 
 namespace corvidlmw::graph {
 
+XRectangle ToXRectangle(const Rectangle &r) {
+    const short left = InRange(r.x);
+    const short top = InRange(r.y);
+    return {left, top, static_cast<unsigned short>(std::clamp(r.x + r.width - left, 0, 65535)),
+            static_cast<unsigned short>(std::clamp(r.y + r.height - top, 0, 65535))};
+}
+
+bool CanPaintOverview(Widget w) {
+    Widget overview = GraphOf(w).overview;
+    return !IsBeingDestroyed(w) && overview && HasWindow(overview);
+}
+
 void DetachOverview(Widget w) {
     auto &graph = GraphOf(w);
     Widget overview = graph.overview;
@@ -476,7 +289,7 @@ void DetachOverview(Widget w) {
 }
 
 void RefreshOverview(Widget w) {
-    if (!GraphOf(w).overview || !CanPaint(w) || !HasWindow(w)) {
+    if (!GraphOf(w).overview || !CanPaintOverview(w) || !HasWindow(w)) {
         return;
     }
     switch (GraphOf(w).gesture_state) {

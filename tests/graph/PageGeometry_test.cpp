@@ -26,11 +26,5 @@ TEST(PageGeometry, ABoxIsOnTheSheetsThatItReachesInto) {
     EXPECT_FALSE(TouchesColumn(BoxAround({0, 0}, {0, 50}), 0)) << "on the left edge";
 }
 
-TEST(PageGeometry, TextStandsInTheMiddleOfItsNode) {
-    EXPECT_EQ(FirstBaseline(100, 30, 1, 12), 100 - 12 - 9);
-    EXPECT_EQ(FirstBaseline(100, 31, 2, 12), 100 - 12 - 3);
-    EXPECT_EQ(FirstBaseline(100, 11, 1, 14), 100 - 14 + 1) << "halves go toward zero";
-}
-
 } // namespace
 } // namespace corvidlmw::page
