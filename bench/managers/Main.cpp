@@ -32,6 +32,9 @@ struct Family {
 
 const std::vector<Family> families = {
     {"label gadgets in a table", {"grid", "form-by-position", "row-column"}, {100, 900}},
+    {"panes side by side", {"horz-paned-window", "paned-window"}, {3, 30, 100}},
+    {"label gadgets in a row", {"spring-box", "form-in-a-row"}, {10, 100}},
+    {"label gadgets along the diagonal", {"rubber-board", "form-as-a-stair"}, {10, 100}},
 };
 
 constexpr const char *case_names[] = {"create", "manage", "resize", "ask", "drag", "destroy"};
@@ -56,6 +59,17 @@ const std::vector<Goal> goals = {
     {"grid", "form-by-position", 900, "manage", "instructions", &Cost::instructions, 0.6},
     {"grid", "form-by-position", 900, "resize", "instructions", &Cost::instructions, 0.8},
     {"grid", "form-by-position", 900, "ask", "CPU", &Cost::seconds, 0.15},
+    {"horz-paned-window", "paned-window", 30, "resize", "instructions", &Cost::instructions, 0.7},
+    {"horz-paned-window", "paned-window", 30, "resize", "requests", &Cost::requests, 0.8},
+    {"horz-paned-window", "paned-window", 100, "drag", "requests", &Cost::requests, 0.6},
+    {"spring-box", "form-in-a-row", 10, "manage", "requests", &Cost::requests, 1.0},
+    {"spring-box", "form-in-a-row", 10, "resize", "requests", &Cost::requests, 1.0},
+    {"spring-box", "form-in-a-row", 100, "manage", "requests", &Cost::requests, 1.0},
+    {"spring-box", "form-in-a-row", 100, "resize", "requests", &Cost::requests, 1.0},
+    {"rubber-board", "form-as-a-stair", 10, "manage", "requests", &Cost::requests, 1.0},
+    {"rubber-board", "form-as-a-stair", 10, "resize", "requests", &Cost::requests, 1.0},
+    {"rubber-board", "form-as-a-stair", 100, "manage", "requests", &Cost::requests, 1.0},
+    {"rubber-board", "form-as-a-stair", 100, "resize", "requests", &Cost::requests, 1.0},
 };
 
 constexpr const char *legend = R"(

@@ -87,7 +87,12 @@ std::unique_ptr<Subject> MakeTableSubject(std::string_view name) {
 }
 
 std::unique_ptr<Subject> MakeSubject(std::string_view name) {
-    return MakeTableSubject(name);
+    for (auto make : {MakeTableSubject, MakePaneSubject, MakeBoardSubject}) {
+        if (auto subject = make(name)) {
+            return subject;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace corvidlmw::bench

@@ -2,6 +2,7 @@
 #include <corvidlmw/managers/HPanedWI.h>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace corvidlmw::managers {
@@ -90,17 +91,38 @@ void Configure(Widget w, const Rectangle &place) {
     }
 }
 
-// A hidden one takes its place without the exposures that gadgets otherwise cause.
-void PlaceSeparator(Widget w, Widget pane, Widget separator) {
+// What gadgets that moved have left and taken, to be cleared and drawn anew in one request.
+class Traces {
+public:
+    void Add(const Rectangle &area) {
+        left_ = std::min(left_, area.x);
+        right_ = std::max(right_, area.x + area.width);
+        bottom_ = std::max(bottom_, area.y + area.height);
+    }
+    void Clear(Widget w) const {
+        if (left_ < right_ && HasWindow(w)) {
+            XClearArea(XtDisplay(w), XtWindow(w), left_, 0, static_cast<unsigned>(right_ - left_),
+                       static_cast<unsigned>(bottom_), True);
+        }
+    }
+
+private:
+    int left_ = std::numeric_limits<int>::max();
+    int right_ = std::numeric_limits<int>::min();
+    int bottom_ = 1;
+};
+
+// Separators move in their records.
+void PlaceSeparator(Widget w, Widget pane, Widget separator, Traces &traces) {
     const int x = SeparatorPlace(SashRulesOf(w), EndOf(pane), separator->core.width,
                                  separator->core.border_width);
-    const Rectangle place{x, separator->core.y, separator->core.width, w->core.height};
-    if (XtIsManaged(separator) || XtIsWidget(separator)) {
-        Configure(separator, place);
-        return;
-    }
+    const Rectangle before = RectangleOf(separator);
     separator->core.x = CutToPosition(x);
     separator->core.height = w->core.height;
+    if (XtIsManaged(separator) && RectangleOf(separator) != before) {
+        traces.Add(before);
+        traces.Add(RectangleOf(separator));
+    }
 }
 
 // A sash that stays is on top already: it was raised when it, or a window beside it, was made.
@@ -138,14 +160,16 @@ void CommitNewLocations(Widget w, Widget instigator) {
         }
     });
     // Apart from the panes, which may go in callbacks of their own.
-    ForEachPane(w, [w](Widget pane) {
+    Traces traces;
+    ForEachPane(w, [&](Widget pane) {
         if (Widget separator = ConstraintOf(pane).separator) {
-            PlaceSeparator(w, pane, separator);
+            PlaceSeparator(w, pane, separator, traces);
         }
         if (Widget sash = ConstraintOf(pane).sash) {
             PlaceSash(pane, sash);
         }
     });
+    traces.Clear(w);
     StateOf(w).clip_is_stale = true;
 }
 
