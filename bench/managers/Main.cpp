@@ -76,7 +76,7 @@ constexpr const char *legend = R"(
 create   the manager and its children, not yet managed
 manage   all children in one call, in a manager that is on the screen
 resize   the manager becomes larger or smaller
-ask      one child gets another label
+ask      one child asks for another size
 drag     one sash, by the pointer
 destroy  the manager with all
 Each until nothing is left to do. -: there is no such case.

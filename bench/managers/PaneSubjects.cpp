@@ -1,6 +1,6 @@
 #include <bench/managers/Subject.h>
 
-#include <Xm/Label.h>
+#include <Xm/DrawingA.h>
 #include <Xm/PanedW.h>
 #include <X11/IntrinsicP.h>
 #include <Xm/SashP.h>
@@ -13,7 +13,7 @@ namespace corvidlmw::bench {
 
 namespace {
 
-// Panes side by side, in either class.
+// Panes side by side, in either class. They paint nothing: what they show would cost the same in both.
 class PaneSubject final : public Subject {
 public:
     explicit PaneSubject(WidgetClass widget_class) : widget_class_(widget_class) {}
@@ -22,12 +22,16 @@ public:
         manager_ =
             XtVaCreateWidget("panes", widget_class_, parent, XmNorientation, XmHORIZONTAL, nullptr);
         for (int i = 0; i < count; ++i) {
-            children_.push_back(XtVaCreateWidget(std::to_string(i).c_str(), xmLabelWidgetClass,
-                                                 manager_, XmNallowResize, True, nullptr));
+            children_.push_back(XtVaCreateWidget(
+                std::to_string(i).c_str(), xmDrawingAreaWidgetClass, manager_, XmNwidth, narrow,
+                XmNheight, narrow, XmNallowResize, True, nullptr));
         }
     }
 
-    void AskForOtherSize() override { SetOtherLabel(children_[children_.size() / 2]); }
+    void AskForOtherSize() override {
+        is_wide_ = !is_wide_;
+        XtVaSetValues(children_[children_.size() / 2], XmNwidth, is_wide_ ? wide : narrow, nullptr);
+    }
 
     // The sash in the middle, by a few pixels in several steps.
     bool Drag() override {
@@ -74,7 +78,11 @@ private:
         XtCallActionProc(sash, "SashAction", &event, params, 1);
     }
 
+    static constexpr int narrow = 20;
+    static constexpr int wide = 60;
+
     WidgetClass widget_class_;
+    bool is_wide_ = false;
     int direction_ = 1;
 };
 

@@ -40,7 +40,7 @@ private:
 // The families of subjects; NULL for a name that is not theirs.
 // "grid", "form-by-position", "row-column": a square table of label gadgets.
 std::unique_ptr<Subject> MakeTableSubject(std::string_view name);
-// "horz-paned-window", "paned-window": labels as panes side by side.
+// "horz-paned-window", "paned-window": empty panes side by side.
 std::unique_ptr<Subject> MakePaneSubject(std::string_view name);
 // "spring-box", "form-in-a-row": label gadgets that share a row. "rubber-board", "form-as-a-stair":
 // label gadgets along the diagonal.

@@ -171,6 +171,8 @@ void ActOnce(const Case &one, Session &session, Cost &cost, test::RequestCounter
 
 void RunSession(const Desk &desk, std::string_view name, int count, bool once,
                 std::span<Cost> costs) {
+    // An earlier child may have made it larger than the screen shows.
+    XtResizeWidget(desk.parent, desk.shell->core.width, desk.shell->core.height, 0);
     const auto subject = MakeSubject(name);
     Session session{desk, *subject, count};
     test::RequestCounter counter(desk.display);

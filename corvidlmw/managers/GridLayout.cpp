@@ -5,8 +5,7 @@
 // of rows do and those of columns do not, and placing passes them over.
 
 #include <corvidlmw/managers/GridI.h>
-
-#include <Xm/DropSMgr.h>
+#include <corvidlmw/managers/Placing.h>
 
 #include <algorithm>
 #include <vector>
@@ -68,81 +67,6 @@ Tenant TenantOf(Widget child) {
             .preferred_height = constraint.preferred_height,
             .border = child->core.border_width};
 }
-
-Rectangle Union(const Rectangle &a, const Rectangle &b) {
-    if (a.width == 0) {
-        return b;
-    }
-    const int x = std::min(a.x, b.x);
-    const int y = std::min(a.y, b.y);
-    return {x, y, std::max(a.x + a.width, b.x + b.width) - x,
-            std::max(a.y + a.height, b.y + b.height) - y};
-}
-
-// Moves the children of one layout. The toolkit would clear the old and the new place of each gadget,
-// and join the exposures that come back to one region, in quadratic time. Here gadgets move in their
-// records, and all that they left and took is cleared at once in the end.
-class Placing {
-public:
-    explicit Placing(Widget w) : w_(w) { XmDropSiteStartUpdate(w); }
-    ~Placing() {
-        XmDropSiteEndUpdate(w_);
-        Clear();
-    }
-    Placing(const Placing &) = delete;
-    Placing &operator=(const Placing &) = delete;
-
-    void Place(Widget child, const Rectangle &place) {
-        const Rectangle cut = {CutToPosition(place.x), CutToPosition(place.y),
-                               CutToDimension(place.width), CutToDimension(place.height)};
-        if (cut.width == 0 || cut.height == 0) {
-            XmeConfigureObject(child, X(cut), Y(cut), Width(cut), Height(cut),
-                               child->core.border_width);
-        } else if (cut != RectangleOf(child)) {
-            XtIsWidget(child) ? XtConfigureWidget(child, X(cut), Y(cut), Width(cut), Height(cut),
-                                                  child->core.border_width)
-                              : MoveGadget(child, cut);
-        }
-    }
-
-private:
-    static Position X(const Rectangle &r) { return static_cast<Position>(r.x); }
-    static Position Y(const Rectangle &r) { return static_cast<Position>(r.y); }
-    static Dimension Width(const Rectangle &r) { return static_cast<Dimension>(r.width); }
-    static Dimension Height(const Rectangle &r) { return static_cast<Dimension>(r.height); }
-
-    void MoveGadget(Widget gadget, const Rectangle &place) {
-        const Rectangle before = RectangleOf(gadget);
-        gadget->core.x = X(place);
-        gadget->core.y = Y(place);
-        gadget->core.width = Width(place);
-        gadget->core.height = Height(place);
-        if (XtIsManaged(gadget)) {
-            stale_ = Union(Union(stale_, before), place);
-        }
-        const XtWidgetProc resize = XtClass(gadget)->core_class.resize;
-        if (resize && (before.width != place.width || before.height != place.height)) {
-            resize(gadget);
-        }
-    }
-
-    void Clear() {
-        if (stale_.width == 0 || !HasWindow(w_)) {
-            return;
-        }
-        const int x = std::max(stale_.x, 0);
-        const int y = std::max(stale_.y, 0);
-        const int width = std::min(stale_.x + stale_.width, +w_->core.width) - x;
-        const int height = std::min(stale_.y + stale_.height, +w_->core.height) - y;
-        if (width > 0 && height > 0) {
-            XClearArea(XtDisplay(w_), XtWindow(w_), x, y, static_cast<unsigned>(width),
-                       static_cast<unsigned>(height), True);
-        }
-    }
-
-    Widget w_;
-    Rectangle stale_;
-};
 
 // Configuring a child runs its resize method, and what that calls may come back and lay out anew or
 // rebuild the tables: all is read from the record again for each child.

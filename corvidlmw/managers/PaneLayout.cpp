@@ -1,8 +1,8 @@
 // Placing the panes of an XmHorzPanedWindow.
 #include <corvidlmw/managers/HPanedWI.h>
+#include <corvidlmw/managers/Placing.h>
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 namespace corvidlmw::managers {
@@ -82,47 +82,11 @@ Dimension PaneHeight(Widget w, Widget pane) {
     return CutToDimension(std::max(w->core.height - 2 * (PanedOf(w).margin_height + border), 1));
 }
 
-// In one request where moving and resizing would be two; none where nothing changes.
-void Configure(Widget w, const Rectangle &place) {
-    if (RectangleOf(w) != place) {
-        const Dimension border = XtIsWidget(w) ? w->core.border_width : Dimension{0};
-        XmeConfigureObject(w, CutToPosition(place.x), CutToPosition(place.y),
-                           CutToDimension(place.width), CutToDimension(place.height), border);
-    }
-}
-
-// What gadgets that moved have left and taken, to be cleared and drawn anew in one request.
-class Traces {
-public:
-    void Add(const Rectangle &area) {
-        left_ = std::min(left_, area.x);
-        right_ = std::max(right_, area.x + area.width);
-        bottom_ = std::max(bottom_, area.y + area.height);
-    }
-    void Clear(Widget w) const {
-        if (left_ < right_ && HasWindow(w)) {
-            XClearArea(XtDisplay(w), XtWindow(w), left_, 0, static_cast<unsigned>(right_ - left_),
-                       static_cast<unsigned>(bottom_), True);
-        }
-    }
-
-private:
-    int left_ = std::numeric_limits<int>::max();
-    int right_ = std::numeric_limits<int>::min();
-    int bottom_ = 1;
-};
-
-// Separators move in their records.
-void PlaceSeparator(Widget w, Widget pane, Widget separator, Traces &traces) {
+// A separator that is hidden moves as well.
+void PlaceSeparator(Widget w, Widget pane, Widget separator, Placing &placing) {
     const int x = SeparatorPlace(SashRulesOf(w), EndOf(pane), separator->core.width,
                                  separator->core.border_width);
-    const Rectangle before = RectangleOf(separator);
-    separator->core.x = CutToPosition(x);
-    separator->core.height = w->core.height;
-    if (XtIsManaged(separator) && RectangleOf(separator) != before) {
-        traces.Add(before);
-        traces.Add(RectangleOf(separator));
-    }
+    placing.Place(separator, {x, separator->core.y, separator->core.width, w->core.height});
 }
 
 // A sash that stays is on top already: it was raised when it, or a window beside it, was made.
@@ -150,26 +114,26 @@ Point SashPlaceBehind(Widget pane) {
                      sash->core.border_width);
 }
 
+// Moving and resizing a pane is one request.
 void CommitNewLocations(Widget w, Widget instigator) {
     EraseTrack(w);
+    Placing placing(w);
     ForEachPane(w, [&](Widget pane) {
         if (pane != instigator) {
             const auto &constraint = ConstraintOf(pane);
-            Configure(pane, {constraint.dx, PanedOf(w).margin_height, constraint.dwidth,
-                             PaneHeight(w, pane)});
+            placing.Place(pane, {constraint.dx, PanedOf(w).margin_height, constraint.dwidth,
+                                 PaneHeight(w, pane)});
         }
     });
     // Apart from the panes, which may go in callbacks of their own.
-    Traces traces;
     ForEachPane(w, [&](Widget pane) {
         if (Widget separator = ConstraintOf(pane).separator) {
-            PlaceSeparator(w, pane, separator, traces);
+            PlaceSeparator(w, pane, separator, placing);
         }
         if (Widget sash = ConstraintOf(pane).sash) {
             PlaceSash(pane, sash);
         }
     });
-    traces.Clear(w);
     StateOf(w).clip_is_stale = true;
 }
 

@@ -6,6 +6,7 @@
 
 #include <corvidlmw/managers/DialogShell.h>
 #include <corvidlmw/managers/ManagersI.h>
+#include <corvidlmw/managers/Placing.h>
 #include <corvidlmw/managers/RubberBoardP.h>
 #include <corvidlmw/managers/RubberGeometry.h>
 
@@ -144,7 +145,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
 
 // ---- Geometry -------------------------------------------------------------------------------------
 
-void PositionChild(Widget w, Widget child) {
+Rectangle PlaceOf(Widget w, Widget child) {
     const auto &rubber = RubberOf(w);
     const auto &line = ConstraintOf(child);
     const auto [from_width, to_width] =
@@ -159,13 +160,13 @@ void PositionChild(Widget w, Widget child) {
     const Dimension height =
         StretchExtent({line.initial_height, from_height}, {line.final_height, to_height},
                       w->core.height, child->core.height);
-    XmeConfigureObject(child, CutToPosition(x), CutToPosition(y), width, height,
-                       child->core.border_width);
+    return {CutToPosition(x), CutToPosition(y), width, height};
 }
 
 void PositionChildren(Widget w) {
     if (IsActive(RubberOf(w))) {
-        ForEachRectangle(w, [w](Widget child) { PositionChild(w, child); });
+        Placing placing(w);
+        ForEachRectangle(w, [&](Widget child) { placing.Place(child, PlaceOf(w, child)); });
     }
 }
 

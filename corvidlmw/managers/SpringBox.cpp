@@ -6,6 +6,7 @@
 
 #include <corvidlmw/managers/DialogShell.h>
 #include <corvidlmw/managers/ManagersI.h>
+#include <corvidlmw/managers/Placing.h>
 #include <corvidlmw/managers/SpringBoxP.h>
 #include <corvidlmw/managers/SpringGeometry.h>
 
@@ -144,7 +145,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
 
 // ---- The two directions ---------------------------------------------------------------------------
 
-// All that looks at the orientation: here, and in Configure and NaturalSize.
+// All that looks at the orientation: here, and in NaturalSize.
 SpringChild Describe(Widget child, bool horizontal) {
     const auto &constraint = ConstraintOf(child);
     const Springs sideways{constraint.left_spring, constraint.horizontal_spring,
@@ -169,13 +170,11 @@ SpringFrame FrameOf(Widget w) {
             .may_shrink = board.resize_policy != XmRESIZE_NONE};
 }
 
-void Configure(Widget child, const SpringPlace &place, bool horizontal) {
-    const Dimension border = child->core.border_width;
+Rectangle RectangleFor(const SpringPlace &place, bool horizontal) {
     if (horizontal) {
-        XmeConfigureObject(child, place.along, place.across, place.length, place.thickness, border);
-    } else {
-        XmeConfigureObject(child, place.across, place.along, place.thickness, place.length, border);
+        return {place.along, place.across, place.length, place.thickness};
     }
+    return {place.across, place.along, place.thickness, place.length};
 }
 
 // ---- Geometry -------------------------------------------------------------------------------------
@@ -203,17 +202,32 @@ void PositionChildren(Widget w) {
         return;
     }
     const bool horizontal = IsHorizontal(w);
+    Placing placing(w);
     ForEachRectangle(w, [&](Widget child) {
-        Configure(child, row.Next(Describe(child, horizontal)), horizontal);
+        placing.Place(child, RectangleFor(row.Next(Describe(child, horizontal)), horizontal));
     });
 }
 
-// The new values are noted first, so the shadow that is cleared is the one that will be drawn by the
-// next exposure.
+// A box that shrinks gets no exposure by itself, and the shadow is drawn by exposures alone.
+void ExposeShadow(Widget w) {
+    const Dimension thickness = ManagerOf(w).shadow_thickness;
+    if (thickness > 0 && HasWindow(w)) {
+        XClearArea(XtDisplay(w), XtWindow(w), w->core.width - thickness, w->core.height - thickness,
+                   thickness, thickness, True);
+    }
+}
+
+// The shadow of the old size would stay inside of a larger box; the edges of the new one are cleared
+// for the shadow to come.
 void Resize(Widget w) {
+    const Size before{BoardOf(w).old_width, BoardOf(w).old_height};
+    ClearNotedShadow(w);
     NoteShadow(w);
     PositionChildren(w);
     ClearNotedShadow(w);
+    if (w->core.width < before.width || w->core.height < before.height) {
+        ExposeShadow(w);
+    }
 }
 
 XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *preferred) {

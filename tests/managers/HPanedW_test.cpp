@@ -97,6 +97,9 @@ TEST_F(PanedTest, NothingIsLaidOutUntilRefigureModeIsTrueAgain) {
     Widget fourth = Child(20, 60);
     EXPECT_EQ(Widths(), (Numbers{100, 50, 80}));
     EXPECT_EQ(BoxOf(fourth).x, 0);
+    Resize(280, 90);
+    EXPECT_EQ(BoxOf(SashOf(panes[0])).y, 46);
+    Resize(280, 66);
     EXPECT_EQ(BoxOf(manager).width, 280);
     XtVaSetValues(manager, XmNrefigureMode, True, nullptr);
     EXPECT_EQ(BoxOf(fourth).x, 257) << "also where the width is right already";

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 namespace corvidlmw::test {
@@ -114,6 +115,26 @@ protected:
 
     void Resize(int width, int height) {
         XtResizeWidget(manager, static_cast<Dimension>(width), static_cast<Dimension>(height), 0);
+    }
+
+    // After each resize the manager looks as after a full exposure, and no other shadow stays inside.
+    void ExpectShadowToFollow(WidgetClass widget_class) {
+        constexpr Pixel shadow = 0x654321;
+        Make(widget_class, XmNwidth, 200, XmNheight, 100, XmNshadowThickness, 2, XmNshadowType,
+             XmSHADOW_OUT, XmNbottomShadowColor, shadow);
+        Show();
+        for (auto [width, height] : {std::pair{150, 80}, {220, 60}, {300, 200}}) {
+            Resize(width, height);
+            Pump();
+            const Picture resized = Picture::Of(manager);
+            const auto far_edge = resized.Box(shadow);
+            ASSERT_TRUE(far_edge);
+            EXPECT_EQ(far_edge->x + far_edge->width, width);
+            EXPECT_EQ(far_edge->y + far_edge->height, height);
+            XClearArea(display, XtWindow(manager), 0, 0, 0, 0, True);
+            Pump();
+            EXPECT_TRUE(SamePicture(Picture::Of(manager), resized));
+        }
     }
 
     // What the manager answers to a query about `mode`, and what it would rather have.

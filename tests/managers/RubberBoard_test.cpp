@@ -109,22 +109,7 @@ TEST_F(RubberBoardTest, AnswersQueriesWithTheInitialSizeAndItsMargins) {
 
 // A board that shrinks gets no exposure, so it draws its shadow itself.
 TEST_F(RubberBoardTest, ItsShadowFollowsItsSize) {
-    SetResource("*manager*background: white");
-    MakeBoard(XmNwidth, 200, XmNheight, 100, XmNshadowType, XmSHADOW_OUT, XmNtopShadowColor,
-              0x123456, XmNbottomShadowColor, 0x654321);
-    Show();
-    for (auto [width, height] : {std::pair{150, 80}, {220, 60}, {300, 200}}) {
-        Resize(width, height);
-        Pump();
-        const auto far_edge = Picture::Of(manager).Box(0x654321);
-        ASSERT_TRUE(far_edge);
-        EXPECT_EQ(far_edge->x + far_edge->width, width);
-        EXPECT_EQ(far_edge->y + far_edge->height, height);
-        const Picture resized = Picture::Of(manager);
-        XClearArea(display, XtWindow(manager), 0, 0, 0, 0, True);
-        Pump();
-        EXPECT_TRUE(SamePicture(Picture::Of(manager), resized));
-    }
+    ExpectShadowToFollow(xmRubberBoardWidgetClass);
 }
 
 TEST_F(RubberBoardTest, ADialogGoesWithItsBoard) {

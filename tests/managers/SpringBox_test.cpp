@@ -189,6 +189,10 @@ TEST_F(SpringBoxTest, AChildMayDieInAResizeOfAnother) {
     EXPECT_GT(BoxOf(last).x, BoxOf(area).x + BoxOf(area).width);
 }
 
+TEST_F(SpringBoxTest, ItsShadowFollowsItsSize) {
+    ExpectShadowToFollow(xmSpringBoxWidgetClass);
+}
+
 TEST_F(SpringBoxTest, ADialogGoesWithItsBoxAndNothingStays) {
     Show();
     const auto before = ServerResources::Of(display);
