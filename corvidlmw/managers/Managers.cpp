@@ -8,11 +8,6 @@ namespace corvidlmw::managers {
 
 // ---- Children -------------------------------------------------------------------------------------
 
-bool HasRectangle(Widget w) {
-    const std::span<Widget> children(ChildrenOf(w), NumChildrenOf(w));
-    return std::ranges::any_of(children, [](Widget child) { return XtIsRectObj(child); });
-}
-
 Size PreferredSizeOf(Widget child) {
     XtWidgetGeometry preferred{};
     XtQueryGeometry(child, nullptr, &preferred);

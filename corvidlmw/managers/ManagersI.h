@@ -36,8 +36,6 @@ void ForEachRectangle(Widget w, Visit visit) {
     }
 }
 
-bool HasRectangle(Widget w);
-
 // What the child answers to a query without a proposal.
 Size PreferredSizeOf(Widget child);
 
