@@ -152,6 +152,7 @@ struct PaintIndex {
     BoxIndex arcs;
     BoxIndex nodes;
     std::vector<std::uint64_t> geometries; // what the nodes' boxes were made from
+    std::vector<std::size_t> unmeasured;   // nodes that moved since their arcs were measured
     std::vector<Widget> dragged;           // moved in a drag, and not in the boxes yet
 };
 

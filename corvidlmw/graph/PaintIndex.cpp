@@ -56,6 +56,7 @@ void PlaceAllNodes(Widget w) {
     for (std::size_t i = 0; i < painted.nodes.size(); i++) {
         PlaceNode(w, i);
     }
+    painted.unmeasured.clear();
     painted.nodes_known = true;
     painted.arcs_known = false;
 }
@@ -66,6 +67,7 @@ void MeasureAllArcs(Widget w) {
     for (std::size_t i = 0; i < painted.arcs.size(); i++) {
         MeasureArcAt(w, i);
     }
+    painted.unmeasured.clear();
     painted.arcs_known = true;
 }
 
@@ -110,8 +112,14 @@ void PlaceWhatMoved(Widget w) {
     }
     for (std::size_t at : moved) {
         PlaceNode(w, at);
-        NodePtr node = NodeOf(Children(w)[at]);
-        if (node && painted.arcs_known) {
+        painted.unmeasured.push_back(at);
+    }
+}
+
+// Measuring keeps an arc's ends for later picks, so it is left to the next redisplay.
+void MeasureWhatMoved(Widget w) {
+    for (std::size_t at : std::exchange(StateOf(w).painted.unmeasured, {})) {
+        if (NodePtr node = NodeOf(Children(w)[at])) {
             MeasureArcsOf(w, node->from_arcs);
             MeasureArcsOf(w, node->to_arcs);
         }
@@ -175,7 +183,9 @@ const BoxIndex &NodeIndexOf(Widget w) {
 const PaintIndex &PaintIndexOf(Widget w) {
     NodeIndexOf(w);
     const auto &painted = StateOf(w).painted;
-    if (!painted.arcs_known || painted.arcs.size() != Arcs(w).size()) {
+    if (painted.arcs_known && painted.arcs.size() == Arcs(w).size()) {
+        MeasureWhatMoved(w);
+    } else {
         MeasureAllArcs(w);
     }
     assert(Agrees(w));
