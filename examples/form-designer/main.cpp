@@ -1,0 +1,115 @@
+// form-designer [FILE]: designs a form of widgets in an XmGrid, and keeps it as an X resource file.
+
+#include <clocale>
+#include <cstring>
+#include <iostream>
+#include <langinfo.h>
+#include <string_view>
+
+#include "DesignerWindow.h"
+#include "FormFile.h"
+
+namespace {
+
+using namespace form_designer;
+
+enum ExitStatus { ok = 0, bad_file = 1, bad_usage = 2 };
+
+constexpr const char *usage =
+    "usage: form-designer [OPTION...] [FILE]\n"
+    "Designs the form in FILE, or a new one. Besides the toolkit's options (-display, -geometry,\n"
+    "-xrm) there is\n"
+    "  -select WIDGET    the widget to begin with\n";
+
+char *fallback_resources[] = {
+    const_cast<char *>("*mainWindow.width: 900"),
+    const_cast<char *>("*mainWindow.height: 600"),
+    const_cast<char *>("*background: #dcdad5"),
+    const_cast<char *>("*canvas*background: #e8e6e1"),
+    const_cast<char *>("*canvas.form.bottomShadowColor: #c6c2b8"),
+    const_cast<char *>("*XmTextField.background: #f6f5f2"),
+    const_cast<char *>("*indicatorSize: 12"),
+    const_cast<char *>("*highlightThickness: 1"),
+    const_cast<char *>("*message.marginWidth: 6"),
+    const_cast<char *>("*heading.marginHeight: 6"),
+    const_cast<char *>("*buttonRenderTable: text"),
+    const_cast<char *>("*labelRenderTable: text"),
+    const_cast<char *>("*textRenderTable: text"),
+    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
+    const_cast<char *>("*text.fontName: DejaVu Sans"),
+    const_cast<char *>("*text.fontSize: 9"),
+    nullptr,
+};
+
+struct Options {
+    char *selected;
+};
+
+XtResource option_resources[] = {
+    {const_cast<char *>("selected"), const_cast<char *>("Selected"), const_cast<char *>(XmRString),
+     sizeof(char *), XtOffsetOf(Options, selected), const_cast<char *>(XmRImmediate), nullptr},
+};
+
+XrmOptionDescRec option_table[] = {
+    {const_cast<char *>("-select"), const_cast<char *>(".selected"), XrmoptionSepArg, nullptr},
+};
+
+// Labels are UTF-8, also where the environment says nothing of a locale.
+String SetLocale(Display *, String, XtPointer) {
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+    return std::setlocale(LC_CTYPE, nullptr);
+}
+
+// The window object outlives its widgets, which call it.
+void ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Form form) {
+    Options options{};
+    XtGetApplicationResources(shell, &options, option_resources, XtNumber(option_resources),
+                              nullptr, 0);
+    DesignerWindow window{shell, [app] { XtAppSetExitFlag(app); }};
+    window.Show(file, std::move(form));
+    if (options.selected)
+        window.TheCanvas().Select(options.selected);
+    XtRealizeWidget(shell);
+    XtAppMainLoop(app);
+    XtDestroyWidget(shell);
+}
+
+int Run(int argc, char **argv, const std::string &file, Form form) {
+    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    XtAppContext app = nullptr;
+    const Widget shell = XtOpenApplication(&app, const_cast<char *>("FormDesigner"), option_table,
+                                           XtNumber(option_table), &argc, argv, fallback_resources,
+                                           applicationShellWidgetClass, nullptr, 0);
+    if (argc > (file.empty() ? 1 : 2)) {
+        std::cerr << "form-designer: " << argv[1] << ": unknown option\n" << usage;
+        return bad_usage;
+    }
+    ShowUntilQuit(app, shell, file, std::move(form));
+    XtDestroyApplicationContext(app);
+    return ok;
+}
+
+} // namespace
+
+// The file is read before there is a display, so that what is wrong with it is said anywhere.
+int main(int argc, char **argv) {
+    const std::string_view last = argc > 1 ? argv[argc - 1] : "";
+    if (last == "-help" || last == "--help") {
+        std::cout << usage;
+        return ok;
+    }
+    // The argument of an option is no file.
+    const bool has_file =
+        !last.empty() && !last.starts_with('-') && (argc == 2 || argv[argc - 2][0] != '-');
+    if (!has_file)
+        return Run(argc, argv, "", NewForm());
+    const std::string file{last};
+    auto result = ReadFormFile(file);
+    if (const auto *error = std::get_if<FileError>(&result)) {
+        std::cerr << "form-designer: " << Describe(file, *error) << '\n';
+        return bad_file;
+    }
+    return Run(argc, argv, file, std::move(std::get<Form>(result)));
+}
