@@ -386,6 +386,7 @@ Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
     if (managed) {
         DrawArcsOf(node);
     }
+    RefreshOverview(w);
     return True;
 }
 
@@ -399,6 +400,7 @@ Boolean XmGraphMoveNodeQuietly(Widget w, Widget node, Position x, Position y) {
     x = std::max<Position>(x, 0);
     y = std::max<Position>(y, 0);
     const FigureLift lift(w);
+    RefreshOverview(w);
     if (XtIsWidget(node)) {
         XtMoveWidget(node, x, y);
         return True;
@@ -434,6 +436,7 @@ Boolean XmGraphMoveArc(Widget w, Widget arc, Widget from_widget, Widget to_widge
     }
     LeaveSiblings(w, arc, true);
     MoveEnds(w, arc, from, to);
+    const Watch watch(w);
     switch (GraphOf(w).auto_layout_mode) {
     case XmALWAYS:
     case XmARCS_ONLY:
@@ -443,6 +446,9 @@ Boolean XmGraphMoveArc(Widget w, Widget arc, Widget from_widget, Widget to_widge
             DrawArc(arc);
         }
         break;
+    }
+    if (!watch.Died()) {
+        RefreshOverview(w);
     }
     return True;
 }

@@ -161,6 +161,9 @@ TEST_F(Overview, StaysTrueAfterEveryChange) {
              Pump();
          }},
         {"a node moved", [&] { XtVaSetValues(nodes[40], XmNx, 777, XmNy, 333, nullptr); }},
+        {"a node moved by function", [&] { XmGraphMoveNode(graph, nodes[42], 700, 200); }},
+        {"a node moved quietly", [&] { XmGraphMoveNodeQuietly(graph, nodes[43], 20, 540); }},
+        {"an arc moved", [&] { XmGraphMoveArc(graph, ArcsOf(graph)[6], nodes[0], nodes[119]); }},
         {"a node resized", [&] { XtVaSetValues(nodes[41], XmNwidth, 90, nullptr); }},
         {"all moved", [&] { XmGraphMoveAll(graph, 7, 9); }},
         {"a node destroyed", [&] { XtDestroyWidget(nodes[50]); }},
