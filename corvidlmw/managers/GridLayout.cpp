@@ -175,7 +175,7 @@ void GridResize(Widget w) {
         return;
     }
     PositionChildren(w);
-    // A window that grows is exposed; one that shrinks is not.
+    // The exposure that follows would bring it as well; a smaller grid has it at once.
     if (shrank) {
         managers::DrawShadow(w, XmSHADOW_OUT);
     }

@@ -376,7 +376,7 @@ TEST_F(GridTest, GadgetsThatMoveLeaveNoTrace) {
     }
 }
 
-// The shadow follows the size, also inwards, where the server exposes nothing.
+// The shadow follows the size, outwards and inwards.
 TEST_F(GridTest, TheShadowFollowsTheSize) {
     Widget board = XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell, nullptr);
     Widget grid = XtVaCreateManagedWidget("grid", xmGridWidgetClass, board, XmNshadowThickness, 2,
