@@ -1,0 +1,42 @@
+// A set of row numbers that moves along when rows come and go: a bit for each row, and their number.
+// Looking for the next row of the set passes over 64 rows at a time.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace corvidlmw::list {
+
+class RowSet {
+public:
+    int size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    bool Contains(int row) const;
+    void Put(int row, bool member);
+    void Clear();
+
+    // The first row of the set at or behind `row`, the last one before it; -1 if there is none.
+    int Next(int row) const;
+    int LastBefore(int row) const;
+
+    // Rows that come are no members; those from `row` on move.
+    void InsertRows(int row, int count);
+    void EraseRows(int row, int count);
+
+private:
+    using Word = std::uint64_t;
+    static constexpr int word_bits = 64;
+
+    static std::size_t WordOf(int row) { return static_cast<std::size_t>(row / word_bits); }
+    static Word BitOf(int row) { return Word{1} << (row % word_bits); }
+    int Highest() const { return static_cast<int>(words_.size()) * word_bits; }
+    // The 64 bits that begin at any row, as many of them as there are.
+    Word WordAt(int row) const;
+    void Trim();
+
+    std::vector<Word> words_; // only as many as members need, and sometimes a few more
+    int size_ = 0;
+};
+
+} // namespace corvidlmw::list

@@ -1,0 +1,105 @@
+// The set of rows and the array with room at its ends, against the plainest ones there are.
+#include <corvidlmw/list/RowSet.h>
+#include <corvidlmw/list/SlackArray.h>
+#include <corvidlmw/list/Tally.h>
+
+#include <tests/support/Random.h>
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+namespace corvidlmw::list {
+namespace {
+
+using test::Random;
+
+void ExpectSame(const RowSet &set, const std::vector<bool> &model) {
+    EXPECT_EQ(set.size(), std::count(model.begin(), model.end(), true));
+    std::vector<bool> found(model.size()), found_backwards(model.size());
+    for (int row = set.Next(-5); row >= 0; row = set.Next(row + 1))
+        found.at(static_cast<std::size_t>(row)) = true;
+    for (int row = set.LastBefore(1 << 30); row >= 0; row = set.LastBefore(row))
+        found_backwards.at(static_cast<std::size_t>(row)) = true;
+    EXPECT_EQ(found, model);
+    EXPECT_EQ(found_backwards, model);
+}
+
+TEST(RowSet, MovesAlongWithTheRows) {
+    Random random;
+    for (int life = 0; life < 60; life++) {
+        RowSet set;
+        std::vector<bool> model(static_cast<std::size_t>(random.Between(0, 300)));
+        for (int step = 0; step < 60; step++) {
+            const int size = static_cast<int>(model.size());
+            const int row = random.Between(0, size), count = random.Between(0, 140);
+            const int choice = random.Between(0, 9);
+            if (choice == 0) {
+                set.InsertRows(row, count);
+                model.insert(model.begin() + row, static_cast<std::size_t>(count), false);
+            } else if (choice == 1) {
+                const int erased = std::min(count, size - row);
+                set.EraseRows(row, erased);
+                model.erase(model.begin() + row, model.begin() + row + erased);
+            } else if (row < size) {
+                const bool member = random.Chance(0.7);
+                set.Put(row, member);
+                model[static_cast<std::size_t>(row)] = member;
+                EXPECT_EQ(set.Contains(row), member);
+            }
+        }
+        ExpectSame(set, model);
+        EXPECT_FALSE(set.Contains(-1) || set.Contains(1 << 29));
+    }
+}
+
+TEST(SlackArray, IsAnArray) {
+    Random random;
+    for (int life = 0; life < 40; life++) {
+        SlackArray<int> array;
+        std::vector<int> model;
+        for (int step = 0; step < 300; step++) {
+            const int size = static_cast<int>(model.size());
+            const int end = random.Chance(0.5) ? 0 : size;
+            const int at = random.Chance(0.6) ? end : random.Between(0, size);
+            const int count = random.Chance(0.8) ? 1 : random.Between(0, 40);
+            if (random.Chance(life % 2 ? 0.6 : 0.45)) {
+                array.Open(at, count);
+                std::fill_n(array.data() + at, count, step);
+                model.insert(model.begin() + at, static_cast<std::size_t>(count), step);
+            } else {
+                const int closed = std::min(count, size - at);
+                array.Close(at, closed);
+                model.erase(model.begin() + at, model.begin() + at + closed);
+            }
+            ASSERT_EQ(array.size(), static_cast<int>(model.size()));
+            ASSERT_TRUE(std::equal(model.begin(), model.end(), array.data()));
+        }
+        array.Close(0, array.size());
+        EXPECT_EQ(array.data(), nullptr);
+    }
+}
+
+TEST(Tally, KnowsTheHighestWhileNumbersComeAndGo) {
+    Random random;
+    Tally tally;
+    std::multiset<int> model;
+    for (int step = 0; step < 2000; step++) {
+        const int number = random.Between(-20, 20);
+        if (random.Chance(0.55)) {
+            tally.Add(number);
+            model.insert(number);
+        } else if (const auto found = model.find(number); found != model.end()) {
+            tally.Replace(number, number + 1);
+            model.erase(found);
+            model.insert(number + 1);
+        } else if (!model.empty()) {
+            tally.Remove(*model.rbegin());
+            model.erase(std::prev(model.end()));
+        }
+        ASSERT_EQ(tally.HighestOr(-99), model.empty() ? -99 : *model.rbegin());
+    }
+}
+
+} // namespace
+} // namespace corvidlmw::list
