@@ -65,10 +65,39 @@ void _XmXftSetClipRectangles(Display *display, Window window, Position x, Positi
 _XmString _XmStringCreate(XmString string);
 void _XmStringFree(_XmString string);
 void _XmStringUpdate(XmFontList table, _XmString string);
+int _XmStringLineCount(_XmString string);
 void _XmStringExtent(XmFontList table, _XmString string, Dimension *width, Dimension *height);
 void _XmStringDraw(Display *display, Window window, XmFontList table, _XmString string, GC gc,
                    Position x, Position y, Dimension width, unsigned char alignment,
                    unsigned char direction, XRectangle *clip);
+void _XmStringDrawImage(Display *display, Window window, XmFontList table, _XmString string, GC gc,
+                        Position x, Position y, Dimension width, unsigned char alignment,
+                        unsigned char direction, XRectangle *clip);
+
+// A frame of lines, in a GC of one's own.
+void _XmDrawHighlight(Display *display, Drawable drawable, GC gc, Position x, Position y,
+                      Dimension width, Dimension height, Dimension thickness, int line_style);
+
+// Actions of the toolkit's primitive.
+void _XmPrimitiveFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+unsigned char _XmGetFocusPolicy(Widget w);
+
+// The colour of what is selected, as a resource's default procedure.
+void _XmSelectColorDefault(Widget w, int offset, XrmValue *value);
+
+// The toolkit's words about lists.
+extern const char *_XmMsgList_0000; // visibleItemCount is below 1
+extern const char *_XmMsgList_0005; // listSizePolicy is fixed after creation
+extern const char *_XmMsgList_0006; // itemCount is negative, or does not fit items
+extern const char *_XmMsgList_0007; // no such item
+extern const char *_XmMsgList_0008; // listSpacing is below 1
+extern const char *_XmMsgList_0009; // items is NULL, itemCount is not 0
+extern const char *_XmMsgList_0010; // selectedItemCount is negative
+extern const char *_XmMsgList_0011; // selectedItems is NULL, selectedItemCount is not 0
+extern const char *_XmMsgList_0012; // topItemPosition is before the first row
+extern const char *_XmMsgList_0013; // items and itemCount do not fit
 
 // The default background, as a resource's default procedure.
 void _XmBackgroundColorDefault(Widget w, int offset, XrmValue *value);

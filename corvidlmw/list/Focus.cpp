@@ -1,0 +1,55 @@
+// The keyboard's coming and going, and the pointer's where the keyboard follows it: the location cursor is
+// shown while the list has the keyboard.
+
+#include <corvidlmw/list/LmListI.h>
+
+namespace corvidlmw::list {
+
+namespace {
+
+bool FollowsPointer(Widget w) {
+    return _XmGetFocusPolicy(w) == XmPOINTER && PrimitiveOf(w).highlight_on_enter;
+}
+
+void Take(Widget w) {
+    ListOf(w).traversing = True;
+    ShowCursor(w);
+}
+
+void Lose(Widget w) {
+    EraseCursor(w);
+    ListOf(w).traversing = False;
+}
+
+} // namespace
+
+void ListFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    if (PrimitiveOf(w).traversal_on && _XmGetFocusPolicy(w) == XmEXPLICIT &&
+        event->xany.send_event) {
+        ListOf(w).traversing = True;
+    }
+    ShowCursor(w);
+    _XmPrimitiveFocusIn(w, event, params, num_params);
+}
+
+void ListFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    if (ListOf(w).traversing) {
+        Lose(w);
+        _XmPrimitiveFocusOut(w, event, params, num_params);
+    }
+}
+
+void ListEnter(Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    if (FollowsPointer(w)) {
+        Take(w);
+    }
+    _XmPrimitiveEnter(w, event, params, num_params);
+}
+
+void ListLeave(Widget w, XEvent *, String *, Cardinal *) {
+    if (FollowsPointer(w)) {
+        Lose(w);
+    }
+}
+
+} // namespace corvidlmw::list

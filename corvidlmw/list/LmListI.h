@@ -1,0 +1,293 @@
+// What the sources of the list room share.
+#pragma once
+
+// First: it mends declarations of the toolkit's private headers.
+#include <corvidlmw/toolkit/Toolkit.h>
+
+#include <corvidlmw/list/LmListP.h>
+#include <corvidlmw/list/RowGeometry.h>
+#include <corvidlmw/list/RowSet.h>
+#include <corvidlmw/list/SlackArray.h>
+#include <corvidlmw/list/Tally.h>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace corvidlmw::list {
+
+// ---- Records ------------------------------------------------------------------------------------
+
+// Behind the part's `internal`: what the part's fields are kept by.
+struct ListState {
+    // The blocks that `items` and `elements` point into.
+    SlackArray<XmString> items;
+    SlackArray<LmListElement *> elements;
+
+    // The highest of all rows, so that no change of one row asks all the others.
+    Tally heights;
+    Tally needs; // of width, without the icon column
+    Tally icon_widths;
+    int looks = 0; // rows with a look of their own
+
+    // The rows whose `selected` is set, and those whose `last_selected` is another.
+    RowSet selected;
+    RowSet unsettled;
+
+    int pitch = 0;            // of the running heights as they are
+    bool stale_fonts = false; // rows were measured in other fonts
+
+    std::optional<Rectangle> clip;           // of all GCs that are clipped to the inner area
+    std::optional<Rectangle> highlight_clip; // of highlight_gc
+    bool normal_clipped_to_bars = false;     // normal_gc alone is not
+    Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
+    bool in_query = false;
+};
+
+inline LmListPart &ListOf(Widget w) {
+    return reinterpret_cast<LmListWidget>(w)->list;
+}
+
+inline XmPrimitivePart &PrimitiveOf(Widget w) {
+    return reinterpret_cast<LmListWidget>(w)->primitive;
+}
+
+inline ListState &StateOf(const LmListPart &list) {
+    return *static_cast<ListState *>(list.internal);
+}
+
+inline ListState &StateOf(Widget w) {
+    return StateOf(ListOf(w));
+}
+
+inline bool IsList(Widget w) {
+    return w && LmIsList(w);
+}
+
+inline std::span<LmListElement *const> ElementsOf(const LmListPart &list) {
+    return {list.elements, static_cast<std::size_t>(list.element_count)};
+}
+
+inline LmListElement &ElementOf(const LmListPart &list, int row) {
+    return *list.elements[row];
+}
+
+inline bool IsRow(const LmListPart &list, int row) {
+    return row >= 0 && row < list.item_count;
+}
+
+inline std::span<const int> FieldsOf(const LmListPart &list) {
+    return list.field_widths ? std::span<const int>(list.field_widths,
+                                                    static_cast<std::size_t>(list.field_count))
+                             : std::span<const int>();
+}
+
+inline bool HasIcon(const LmListElement &element) {
+    return element.icon != None && element.icon != XmUNSPECIFIED_PIXMAP;
+}
+
+inline bool IsVariable(const LmListPart &list) {
+    return list.list_size_policy == XmVARIABLE;
+}
+
+inline bool IsRightToLeft(const LmListPart &list) {
+    return list.string_direction == XmSTRING_DIRECTION_R_TO_L;
+}
+
+// What selects by dragging and by moving the cursor.
+inline bool SelectsRanges(const LmListPart &list) {
+    return list.selection_policy == XmEXTENDED_SELECT || list.selection_policy == XmBROWSE_SELECT;
+}
+
+inline void WarnOfList(Widget w, const char *text) {
+    XmeWarning(w, Name(text));
+}
+
+// ---- Geometry of this list ------------------------------------------------------------------------
+
+Frame FrameOf(Widget w);
+Layout LayoutOf(Widget w);
+// For a row that is in view.
+Row RowOf(Widget w, int row);
+RowRange RowsInView(const LmListPart &list);
+// Compute base_x and base_y.
+void PlaceBaseX(Widget w);
+void PlaceBaseY(Widget w);
+inline int PitchOf(const LmListPart &list) {
+    return list.max_item_height + list.item_spacing;
+}
+
+// ---- The store of rows (ElementStore.cpp, RowMeasures.cpp) ----------------------------------------
+//
+// `items` and `elements` are changed here alone, together with what the state keeps of all rows. Rows
+// come unselected, or selected where an equal string is in `selected_items`.
+
+enum class Selection { Nothing, ByMembership };
+
+// Copies `count` strings to rows from `row` on, which is 0 to item_count. The strings can be the list's
+// own.
+void InsertRows(Widget w, int row, const XmString *strings, int count, Selection selection);
+void RemoveRows(Widget w, int row, int count);
+// Removes the rows of a set, which is any but the state's own.
+void RemoveRowSet(Widget w, const RowSet &rows);
+// Everything about the row but its place is new; it has no icon, indent or look. The string can be one of
+// the list's own.
+void ReplaceRow(Widget w, int row, XmString string, Selection selection);
+// Also sets the rows that gestures and the cursor are at, the top and x_origin to 0. In a list without
+// rows it does nothing.
+void RemoveAllRows(Widget w);
+
+// The first row from `from` on with an equal string, or -1.
+int FindRow(const LmListPart &list, XmString string, int from = 0);
+bool IsAmongSelectedItems(const LmListPart &list, XmString string);
+
+// Gives a row another icon, or indent; heights and widths that are kept of all rows follow.
+void SetRowIcon(Widget w, int row, Pixmap icon, Dimension width, Dimension height);
+void SetRowIndent(Widget w, int row, Dimension indent);
+// After `indent_icons` changed.
+void RecountNeeds(Widget w);
+// Releases GC and fonts of a row's own look.
+void DropLook(Widget w, LmListElement &element);
+
+// Measures what fonts changed under, and gives all rows the height of the tallest: the only place where
+// rows get lower. Left for later while `update` is off.
+void ResetHeight(Widget w);
+// Running heights after `max_item_height` or `item_spacing` changed.
+void RebuildHeights(LmListPart &list);
+void RecomputeMaxWidth(LmListPart &list);
+
+// Between an element and what is kept of all of them; for the store itself.
+void MeasureText(const LmListPart &list, LmListElement &element);
+void Count(LmListPart &list, const LmListElement &element);
+void Discount(LmListPart &list, const LmListElement &element);
+
+// ---- Selected rows (SelectedRows.cpp) -----------------------------------------------------------------
+
+void SetSelected(LmListPart &list, int row, bool selected);
+void SetLastSelected(LmListPart &list, int row, bool selected);
+inline void SetBothSelected(LmListPart &list, int row, bool selected) {
+    SetSelected(list, row, selected);
+    SetLastSelected(list, row, selected);
+}
+
+// Rebuilds selected_items, selected_positions and selected_item_count from the rows. With `remember`
+// the rows' present states become those before the next gesture.
+void BuildSelectedList(LmListPart &list, bool remember);
+void ClearSelectedList(LmListPart &list);
+// Rebuilds selected_positions alone.
+void UpdateSelectedIndices(LmListPart &list);
+// Selects the rows whose strings are among selected_items, and no others.
+void SelectByMembership(LmListPart &list);
+// Sets anchors and cursor by the last run of selected rows.
+void SetSelectionParams(Widget w);
+
+// ---- Graphics (Graphics.cpp) ----------------------------------------------------------------------------
+
+void MakeGC(Widget w);
+void MakeHighlightGC(Widget w, bool dashed);
+void ChangeHighlightGC(Widget w, bool dashed);
+void FreeGCs(Widget w);
+void SetClipRect(Widget w);
+// For a row's own new GC.
+void ClipLook(Widget w, GC gc);
+// Clips what bars are drawn with, normal_gc included, and all but that back to nothing.
+void ClipToBars(Widget w);
+void UnclipFromBars(Widget w);
+// The drawable of a list's depth that a GC is made on, for as long as this lives.
+class DrawableOfDepth {
+public:
+    explicit DrawableOfDepth(Widget w);
+    ~DrawableOfDepth();
+    DrawableOfDepth(const DrawableOfDepth &) = delete;
+    DrawableOfDepth &operator=(const DrawableOfDepth &) = delete;
+    operator Drawable() const { return drawable_; }
+
+private:
+    Display *display_;
+    Drawable drawable_;
+    Pixmap pixmap_ = None;
+};
+
+// ---- Fonts (Fonts.cpp) ------------------------------------------------------------------------------------
+
+// The table's first core font; NULL if there is none.
+XFontStruct *CoreFontOf(XmFontList fonts);
+// Of the first font, whatever it is; 0 if there is none.
+int FontHeightOf(XmFontList fonts);
+bool HasAntialiasedFont(XmFontList fonts);
+
+// ---- Drawing (ListDrawing.cpp) ----------------------------------------------------------------------------
+
+void Redisplay(Widget w, XEvent *event, Region region);
+void DrawList(Widget w);
+// Draws a row if the window does not show its state; rows out of view are passed over.
+void DrawItem(Widget w, int row);
+// The location cursor at a row; -1 is no row.
+void DrawHighlight(Widget w, int row, bool on);
+void ClearInnerArea(Widget w, Boolean exposures);
+
+// Runs `change` with the location cursor taken away; the caller shows it again.
+inline void EraseCursor(Widget w) {
+    if (ListOf(w).traversing) {
+        DrawHighlight(w, ListOf(w).current_keyboard_item, false);
+    }
+}
+inline void ShowCursor(Widget w) {
+    if (ListOf(w).traversing) {
+        DrawHighlight(w, ListOf(w).current_keyboard_item, true);
+    }
+}
+
+// ---- Sizing (ListSizing.cpp) ------------------------------------------------------------------------------
+
+struct Size {
+    Dimension width;
+    Dimension height;
+};
+Size SetDefaultSize(Widget w);
+int SetVizCount(Widget w);
+void SetNewSize(Widget w);
+void Resize(Widget w);
+XtGeometryResult QueryProc(Widget w, XtWidgetGeometry *request, XtWidgetGeometry *reply);
+
+// SetNewSize and both scroll bars: what ends most changes of rows.
+void CloseChange(Widget w);
+
+// ---- Scroll bars (ScrollBars.cpp) -------------------------------------------------------------------------
+
+// In the scrolled window that is the list's parent, if it scrolls through that.
+void CreateScrollBars(Widget w);
+void ReleaseScrollBars(Widget w);
+// After either field became another: `old` holds those before.
+void ExchangeScrollBars(Widget w, const LmListPart &old);
+void ShowBar(Widget bar, bool shown);
+void SetVerticalScrollbar(Widget w);
+void SetHorizontalScrollbar(Widget w);
+
+// ---- Resource changes (ResourceChanges.cpp) ---------------------------------------------------------------
+
+void LookUpRepresentationTypes();
+// Computes row_highlight and item_spacing.
+void PlaceSpacing(Widget w);
+// Makes `font_list` a copy of what the client gave, or of the default.
+void TakeFonts(Widget w);
+// Puts right what a client gave at the creation.
+void RepairAtCreation(Widget w);
+Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Cardinal *num_args);
+
+// ---- Columns (Fields.cpp) ---------------------------------------------------------------------------------
+
+void DropFields(LmListPart &list);
+
+// ---- Actions (ListActions.cpp, Focus.cpp) -----------------------------------------------------------------
+
+extern XtActionsRec list_actions[];
+extern const Cardinal num_list_actions;
+
+using Action = void(Widget w, XEvent *event, String *params, Cardinal *num_params);
+Action ListEnter;
+Action ListLeave;
+Action ListFocusIn;
+Action ListFocusOut;
+
+} // namespace corvidlmw::list

@@ -1,0 +1,295 @@
+// The two scroll bars of a list in a scrolled window: made, brought up to date, listened to, let go.
+//
+// The list scrolls by drawing other rows, never by moving its window. A bar is told a value only if it
+// shows another; all values of a bar are set in one call, so that there is no moment at which they disagree.
+
+#include <corvidlmw/list/LmListI.h>
+#include <corvidlmw/scrollbar/SvScrollBarP.h>
+
+#include <Xm/ScrolledW.h>
+
+#include <algorithm>
+
+namespace corvidlmw::list {
+
+namespace {
+
+// ---- Listening to bars ----------------------------------------------------------------------------------
+
+int ValueIn(XtPointer call_data) {
+    return static_cast<XmScrollBarCallbackStruct *>(call_data)->value;
+}
+
+void VertSliderMove(Widget, XtPointer closure, XtPointer call_data) {
+    const auto w = static_cast<Widget>(closure);
+    auto &list = ListOf(w);
+    EraseCursor(w);
+    list.vertical_origin = list.top_item_position = ValueIn(call_data);
+    DrawList(w);
+    if (static_cast<XmScrollBarCallbackStruct *>(call_data)->reason != XmCR_DRAG) {
+        ShowCursor(w);
+    }
+}
+
+void HorizSliderMove(Widget, XtPointer closure, XtPointer call_data) {
+    const auto w = static_cast<Widget>(closure);
+    auto &list = ListOf(w);
+    EraseCursor(w);
+    list.horizontal_origin = ValueIn(call_data);
+    list.x_origin = CutToPosition(list.horizontal_origin);
+    DrawList(w);
+}
+
+void UpdateHighlight(Widget, XtPointer closure, XtPointer) {
+    ShowCursor(static_cast<Widget>(closure));
+}
+
+void ForgetBar(Widget bar, XtPointer closure, XtPointer) {
+    auto &list = ListOf(static_cast<Widget>(closure));
+    for (Widget *field : {&list.vertical_scroll_bar, &list.horizontal_scroll_bar}) {
+        if (*field == bar) {
+            *field = nullptr;
+        }
+    }
+}
+
+const char *const scroll_callbacks[] = {
+    XmNincrementCallback, XmNdecrementCallback, XmNpageIncrementCallback, XmNpageDecrementCallback,
+    XmNtoTopCallback,     XmNtoBottomCallback,  XmNdragCallback};
+
+void ListenTo(Widget bar, Widget w, XtCallbackProc on_scroll) {
+    for (const char *name : scroll_callbacks) {
+        XtAddCallback(bar, name, on_scroll, w);
+    }
+    XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
+}
+
+void StopListeningTo(Widget bar, Widget w, XtCallbackProc on_scroll) {
+    for (const char *name : scroll_callbacks) {
+        XtRemoveCallback(bar, name, on_scroll, w);
+    }
+    XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
+}
+
+// ---- Making bars ----------------------------------------------------------------------------------------
+
+void FillLooks(Widget w, std::vector<Arg> &args) {
+    const auto add = [&args](const char *name, XtArgVal value) {
+        args.push_back({Name(name), value});
+    };
+    const auto &primitive = PrimitiveOf(w);
+    add(XmNunitType, XmPIXELS);
+    add(XmNbackground, w->core.background_pixel);
+    add(XmNbackgroundPixmap, w->core.background_pixmap);
+    add(XmNshadowThickness, primitive.shadow_thickness);
+    add(XmNhighlightThickness, 0);
+    add(XmNtopShadowColor, primitive.top_shadow_color);
+    add(XmNtopShadowPixmap, primitive.top_shadow_pixmap);
+    add(XmNbottomShadowColor, primitive.bottom_shadow_color);
+    add(XmNbottomShadowPixmap, primitive.bottom_shadow_pixmap);
+    add(XmNtraversalOn, False);
+    add(XmNsensitive, static_cast<XtArgVal>(w->core.sensitive));
+}
+
+Widget CreateBar(Widget w, const char *name, std::vector<Arg> args) {
+    FillLooks(w, args);
+    Widget bar = XtCreateWidget(name, svScrollBarWidgetClass, ListOf(w).scrolled_window,
+                                args.data(), static_cast<Cardinal>(args.size()));
+    reinterpret_cast<SvScrollBarWidget>(bar)->primitive.unit_type = PrimitiveOf(w).unit_type;
+    return bar;
+}
+
+void CreateVerticalBar(Widget w) {
+    auto &list = ListOf(w);
+    list.vertical_scroll_bar = CreateBar(w, "VertScrollBar", {{Name(XmNorientation), XmVERTICAL}});
+    ListenTo(list.vertical_scroll_bar, w, VertSliderMove);
+    XtAddCallback(list.vertical_scroll_bar, XmNvalueChangedCallback, UpdateHighlight, w);
+    SetVerticalScrollbar(w);
+}
+
+void CreateHorizontalBar(Widget w) {
+    auto &list = ListOf(w);
+    const BarValues bar = HorizontalBar(FrameOf(w), list.base_x, list.max_width, list.x_origin);
+    list.horizontal_scroll_bar =
+        CreateBar(w, "HorScrollBar",
+                  {{Name(XmNorientation), XmHORIZONTAL},
+                   {Name(XmNminimum), 0},
+                   {Name(XmNmaximum), bar.maximum},
+                   {Name(XmNvalue), bar.value},
+                   {Name(XmNsliderSize), bar.slider_size},
+                   {Name(XmNincrement), bar.increment},
+                   {Name(XmNpageIncrement), std::max<int>(w->core.width, 1)}});
+    ListenTo(list.horizontal_scroll_bar, w, HorizSliderMove);
+    SetHorizontalScrollbar(w);
+}
+
+bool ScrollsThroughParent(Widget w) {
+    Widget parent = XtParent(w);
+    return XmIsScrolledWindow(parent) &&
+           ResourceOf<unsigned char>(parent, XmNvisualPolicy, XmCONSTANT) != XmCONSTANT;
+}
+
+// ---- Telling bars ---------------------------------------------------------------------------------------
+
+BarValues ShownBy(Widget bar) {
+    BarValues shown;
+    XtVaGetValues(bar, XmNmaximum, &shown.maximum, XmNvalue, &shown.value, XmNsliderSize,
+                  &shown.slider_size, XmNincrement, &shown.increment, XmNpageIncrement,
+                  &shown.page_increment, nullptr);
+    return shown;
+}
+
+void Tell(Widget bar, const BarValues &values) {
+    if (ShownBy(bar) != values) {
+        XtVaSetValues(bar, XmNmaximum, values.maximum, XmNvalue, values.value, XmNsliderSize,
+                      values.slider_size, XmNincrement, values.increment, XmNpageIncrement,
+                      values.page_increment, nullptr);
+    }
+}
+
+void SetDirection(Widget bar, bool right_to_left) {
+    const auto direction =
+        static_cast<unsigned char>(right_to_left ? XmMAX_ON_LEFT : XmMAX_ON_RIGHT);
+    if (ResourceOf<unsigned char>(bar, XmNprocessingDirection, direction) != direction) {
+        XtVaSetValues(bar, XmNprocessingDirection, direction, nullptr);
+    }
+}
+
+bool NeedsVerticalBar(const LmListPart &list) {
+    return list.scroll_bar_display_policy == XmSTATIC ||
+           (list.item_count > 0 &&
+            (list.item_count > list.visible_item_count || list.top_item_position != 0));
+}
+
+bool NeedsHorizontalBar(Widget w) {
+    const auto &list = ListOf(w);
+    return list.scroll_bar_display_policy == XmSTATIC || list.max_width > ListWidth(FrameOf(w));
+}
+
+void TellVertical(Widget w) {
+    auto &list = ListOf(w);
+    const BarValues values =
+        VerticalBar(list.item_count, list.top_item_position, list.visible_item_count);
+    if (list.item_count > 0) {
+        list.vertical_maximum = values.maximum;
+        list.vertical_origin = values.value;
+        list.vertical_extent = values.slider_size;
+        Tell(list.vertical_scroll_bar, values);
+    } else if (XtIsManaged(list.vertical_scroll_bar)) {
+        Tell(list.vertical_scroll_bar, values);
+    }
+}
+
+void TellHorizontal(Widget w) {
+    auto &list = ListOf(w);
+    if (list.item_count > 0) {
+        const BarValues values =
+            HorizontalBar(FrameOf(w), list.base_x, list.max_width, list.x_origin);
+        list.horizontal_maximum = values.maximum;
+        list.horizontal_origin = values.value;
+        list.x_origin = CutToPosition(values.value);
+        list.horizontal_extent = values.slider_size;
+        SetDirection(list.horizontal_scroll_bar, IsRightToLeft(list));
+        Tell(list.horizontal_scroll_bar, values);
+    } else if (XtIsManaged(list.horizontal_scroll_bar)) {
+        Tell(list.horizontal_scroll_bar, {});
+    }
+}
+
+} // namespace
+
+// ---- Life -----------------------------------------------------------------------------------------------
+
+void CreateScrollBars(Widget w) {
+    auto &list = ListOf(w);
+    list.scrolled_window = list.vertical_scroll_bar = list.horizontal_scroll_bar = nullptr;
+    if (!ScrollsThroughParent(w)) {
+        return;
+    }
+    list.scrolled_window = XtParent(w);
+    CreateVerticalBar(w);
+    if (!IsVariable(list)) {
+        CreateHorizontalBar(w);
+    }
+    XmScrolledWindowSetAreas(list.scrolled_window, list.horizontal_scroll_bar,
+                             list.vertical_scroll_bar, w);
+}
+
+void ReleaseScrollBars(Widget w) {
+    auto &list = ListOf(w);
+    if (Widget bar = list.vertical_scroll_bar) {
+        StopListeningTo(bar, w, VertSliderMove);
+        XtRemoveCallback(bar, XmNvalueChangedCallback, UpdateHighlight, w);
+    }
+    if (Widget bar = list.horizontal_scroll_bar) {
+        StopListeningTo(bar, w, HorizSliderMove);
+    }
+}
+
+// The client says which bars there are; those that it brings along report to the client alone.
+void ExchangeScrollBars(Widget w, const LmListPart &old) {
+    auto &list = ListOf(w);
+    const auto exchange = [w](Widget old_bar, Widget bar) {
+        if (old_bar != bar && old_bar) {
+            XtRemoveCallback(old_bar, XmNdestroyCallback, ForgetBar, w);
+        }
+        if (old_bar != bar && bar) {
+            XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
+        }
+    };
+    exchange(old.vertical_scroll_bar, list.vertical_scroll_bar);
+    exchange(old.horizontal_scroll_bar, list.horizontal_scroll_bar);
+    if (list.scrolled_window) {
+        XmScrolledWindowSetAreas(list.scrolled_window, list.horizontal_scroll_bar,
+                                 list.vertical_scroll_bar, w);
+    }
+}
+
+void ShowBar(Widget bar, bool shown) {
+    if (bar && (XtIsManaged(bar) != False) != shown) {
+        (shown ? XtManageChild : XtUnmanageChild)(bar);
+    }
+}
+
+// ---- Bringing bars up to date ------------------------------------------------------------------------------
+
+// Showing a bar makes the scrolled window resize the list, which can move the top: it is read afterwards.
+void SetVerticalScrollbar(Widget w) {
+    auto &list = ListOf(w);
+    if (!list.update || !list.scrolled_window || !list.vertical_scroll_bar ||
+        list.in_scroll_update) {
+        return;
+    }
+    list.in_scroll_update = True;
+    list.visible_item_count = SetVizCount(w);
+    ShowBar(list.vertical_scroll_bar, NeedsVerticalBar(list));
+    TellVertical(w);
+    list.in_scroll_update = False;
+}
+
+// Showing this bar leaves other rows in view, of which the vertical one hears when this is done.
+void SetHorizontalScrollbar(Widget w) {
+    auto &list = ListOf(w);
+    if (!list.update || !list.scrolled_window || !list.horizontal_scroll_bar) {
+        return;
+    }
+    const Boolean was_in_update = list.in_scroll_update;
+    const int visible = list.visible_item_count;
+    list.in_scroll_update = True;
+    if (list.item_count > 0) {
+        RecomputeMaxWidth(list);
+    }
+    const bool needed = NeedsHorizontalBar(w);
+    if (!needed) {
+        PlaceBaseX(w);
+        list.x_origin = 0;
+    }
+    ShowBar(list.horizontal_scroll_bar, needed);
+    TellHorizontal(w);
+    list.in_scroll_update = was_in_update;
+    if (list.visible_item_count != visible) {
+        SetVerticalScrollbar(w);
+    }
+}
+
+} // namespace corvidlmw::list

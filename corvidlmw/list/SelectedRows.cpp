@@ -1,0 +1,141 @@
+// Which rows are selected, and the snapshots of them that clients read.
+//
+// A row's `selected` and `last_selected` are set here alone, so that the rows whose flags are set are known
+// without a look at all the others. The snapshots lag behind until they are rebuilt.
+
+#include <corvidlmw/list/LmListI.h>
+
+#include <algorithm>
+
+namespace corvidlmw::list {
+
+namespace {
+
+template <typename T>
+T *NewArray(int count) {
+    return static_cast<T *>(
+        static_cast<void *>(XtCalloc(static_cast<Cardinal>(count), sizeof(T))));
+}
+
+void FreePositions(LmListPart &list) {
+    XtFree(reinterpret_cast<char *>(list.selected_positions));
+    list.selected_positions = nullptr;
+}
+
+void RememberSelection(LmListPart &list) {
+    const RowSet &unsettled = StateOf(list).unsettled;
+    for (int row = unsettled.Next(0); row >= 0; row = unsettled.Next(row + 1)) {
+        SetLastSelected(list, row, ElementOf(list, row).selected != False);
+    }
+}
+
+void DeselectAll(LmListPart &list) {
+    const auto &state = StateOf(list);
+    for (const RowSet *rows : {&state.selected, &state.unsettled}) {
+        for (int row = rows->Next(0); row >= 0; row = rows->Next(row + 1)) {
+            SetBothSelected(list, row, false);
+        }
+    }
+}
+
+// In row order.
+template <typename Act>
+void ForEachSelected(const LmListPart &list, Act act) {
+    const RowSet &selected = StateOf(list).selected;
+    int i = 0;
+    for (int row = selected.Next(0); i < selected.size(); row = selected.Next(row + 1)) {
+        act(i++, row);
+    }
+}
+
+} // namespace
+
+// ---- Rows -----------------------------------------------------------------------------------------
+
+void SetSelected(LmListPart &list, int row, bool selected) {
+    auto &state = StateOf(list);
+    LmListElement &element = ElementOf(list, row);
+    element.selected = selected;
+    state.selected.Put(row, selected);
+    state.unsettled.Put(row, element.selected != element.last_selected);
+}
+
+void SetLastSelected(LmListPart &list, int row, bool selected) {
+    LmListElement &element = ElementOf(list, row);
+    element.last_selected = selected;
+    StateOf(list).unsettled.Put(row, element.selected != element.last_selected);
+}
+
+void SelectByMembership(LmListPart &list) {
+    const int wanted = list.selected_item_count > 0 ? list.item_count : 0;
+    DeselectAll(list);
+    for (int row = 0; row < wanted; row++) {
+        SetBothSelected(list, row, IsAmongSelectedItems(list, list.items[row]));
+    }
+}
+
+// ---- Snapshots --------------------------------------------------------------------------------------
+
+void ClearSelectedList(LmListPart &list) {
+    for (int i = 0; list.selected_items && i < list.selected_item_count; i++) {
+        XmStringFree(list.selected_items[i]);
+    }
+    XtFree(reinterpret_cast<char *>(list.selected_items));
+    FreePositions(list);
+    list.selected_items = nullptr;
+    list.selected_item_count = 0;
+}
+
+void BuildSelectedList(LmListPart &list, bool remember) {
+    ClearSelectedList(list);
+    if (remember) {
+        RememberSelection(list);
+    }
+    const int count = StateOf(list).selected.size();
+    if (count == 0) {
+        return;
+    }
+    list.selected_item_count = count;
+    list.selected_items = NewArray<XmString>(count);
+    list.selected_positions = NewArray<int>(count);
+    ForEachSelected(list, [&list](int i, int row) {
+        list.selected_items[i] = XmStringCopy(list.items[row]);
+        list.selected_positions[i] = row + 1;
+    });
+}
+
+void UpdateSelectedIndices(LmListPart &list) {
+    FreePositions(list);
+    const int count = StateOf(list).selected.size();
+    if (count > 0) {
+        list.selected_positions = NewArray<int>(count);
+        ForEachSelected(list,
+                        [&list](int i, int row) { list.selected_positions[i] = row + 1; });
+    }
+}
+
+// ---- Anchors and cursor -------------------------------------------------------------------------------
+
+void SetSelectionParams(Widget w) {
+    auto &list = ListOf(w);
+    const RowSet &selected = StateOf(list).selected;
+    if (list.item_count == 0) {
+        return;
+    }
+    list.old_end_item = list.end_item;
+    list.old_start_item = list.start_item;
+    const int last = selected.LastBefore(list.item_count);
+    if (last < 0) {
+        list.end_item = list.start_item = list.last_highlighted = 0;
+        return;
+    }
+    list.end_item = list.last_highlighted = list.start_item = last;
+    while (selected.Contains(list.start_item - 1)) {
+        list.start_item--;
+    }
+    EraseCursor(w);
+    list.current_keyboard_item = last;
+    ShowCursor(w);
+}
+
+} // namespace corvidlmw::list
