@@ -81,7 +81,8 @@ void DescribeItem(const LmListPart &list, LmListElement &element, XmString item)
 }
 
 LmListElement *MakeElement(LmListPart &list, XmString item) {
-    auto *element = static_cast<LmListElement *>(static_cast<void *>(XtMalloc(sizeof(LmListElement))));
+    auto *element =
+        static_cast<LmListElement *>(static_cast<void *>(XtMalloc(sizeof(LmListElement))));
     *element = {};
     DescribeItem(list, *element, item);
     // The window does not show it yet.
@@ -258,9 +259,9 @@ int FindRow(const LmListPart &list, XmString string, int from) {
 }
 
 bool IsAmongSelectedItems(const LmListPart &list, XmString string) {
-    const std::span selected(list.selected_items,
-                             static_cast<std::size_t>(
-                                 list.selected_items ? std::max(list.selected_item_count, 0) : 0));
+    const std::span selected(
+        list.selected_items,
+        static_cast<std::size_t>(list.selected_items ? std::max(list.selected_item_count, 0) : 0));
     return std::any_of(selected.begin(), selected.end(),
                        [string](XmString one) { return XmStringCompare(one, string) != False; });
 }

@@ -28,8 +28,8 @@ void FreeTile(Widget w) {
 
 void FreeOwnGCs(Widget w) {
     auto &list = ListOf(w);
-    for (GC *gc : {&list.normal_gc, &list.inverse_gc, &list.arm_gc, &list.icon_gc,
-                   &list.insensitive_gc}) {
+    for (GC *gc :
+         {&list.normal_gc, &list.inverse_gc, &list.arm_gc, &list.icon_gc, &list.insensitive_gc}) {
         Free(XtDisplay(w), *gc);
     }
     FreeTile(w);
@@ -201,8 +201,8 @@ void ClipToBars(Widget w) {
 }
 
 void UnclipFromBars(Widget w) {
-    for (GC gc : {PrimitiveOf(w).top_shadow_GC, ListOf(w).arm_gc,
-                  PrimitiveOf(w).bottom_shadow_GC}) {
+    for (GC gc :
+         {PrimitiveOf(w).top_shadow_GC, ListOf(w).arm_gc, PrimitiveOf(w).bottom_shadow_GC}) {
         XSetClipMask(XtDisplay(w), gc, None);
     }
 }

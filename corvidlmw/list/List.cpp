@@ -330,9 +330,9 @@ Widget LmCreateList(Widget parent, char *name, ArgList args, Cardinal arg_count)
 Widget LmCreateScrolledList(Widget parent, char *name, ArgList args, Cardinal arg_count) {
     const std::string window_name = std::string(name ? name : "") + "SW";
     std::vector<Arg> window_args = ScrolledWindowArgs(args, arg_count);
-    Widget window = XtCreateManagedWidget(window_name.c_str(), xmScrolledWindowWidgetClass, parent,
-                                          window_args.data(),
-                                          static_cast<Cardinal>(window_args.size()));
+    Widget window =
+        XtCreateManagedWidget(window_name.c_str(), xmScrolledWindowWidgetClass, parent,
+                              window_args.data(), static_cast<Cardinal>(window_args.size()));
     Widget w = XtCreateWidget(name ? name : "", lmListWidgetClass, window, args, arg_count);
     XtAddCallback(w, XmNdestroyCallback, _XmDestroyParentCallback, nullptr);
     return w;

@@ -87,9 +87,9 @@ void DrawText(Widget w, DrawString *draw, const LmListElement &element, Point at
     auto &list = ListOf(w);
     const XmFontList fonts = FontsOf(list, element);
     const ClippedTextIfNeeded clipped(w, fonts, area);
-    draw(XtDisplay(w), XtWindow(w), fonts, element.name,
-         element.gc ? element.gc : list.normal_gc, CutToPosition(at.x), CutToPosition(at.y),
-         CutToDimension(width), XmALIGNMENT_BEGINNING, XmSTRING_DIRECTION_L_TO_R, nullptr);
+    draw(XtDisplay(w), XtWindow(w), fonts, element.name, element.gc ? element.gc : list.normal_gc,
+         CutToPosition(at.x), CutToPosition(at.y), CutToDimension(width), XmALIGNMENT_BEGINNING,
+         XmSTRING_DIRECTION_L_TO_R, nullptr);
 }
 
 void DrawImage(Widget w, const LmListElement &element, Point at, int width) {
@@ -156,8 +156,7 @@ void DrawCell(Widget w, const LmListElement &element, const Layout &layout, cons
 }
 
 void DrawBar(Widget w, const LmListElement &element, const Layout &layout, const Row &row) {
-    DrawShadow(w, PrimitiveOf(w).top_shadow_GC, PrimitiveOf(w).bottom_shadow_GC,
-               Bar(layout, row));
+    DrawShadow(w, PrimitiveOf(w).top_shadow_GC, PrimitiveOf(w).bottom_shadow_GC, Bar(layout, row));
     DrawCell(w, element, layout, row);
 }
 
@@ -264,7 +263,7 @@ void Redisplay(Widget w, XEvent *, Region) {
 
 void DrawList(Widget w) {
     auto &list = ListOf(w);
-    if (!HasWindow(w) || !list.update || list.item_count == 0) {
+    if (!HasWindow(w) || !list.update || list.element_count == 0) {
         return;
     }
     PlaceBaseY(w);
@@ -278,7 +277,7 @@ void DrawList(Widget w) {
     ClearArea(w, ClearedBelow(layout, last_y));
     DrawSelectedRows(w, rows, layout);
     if (list.traversing) {
-        list.current_keyboard_item = std::min(list.current_keyboard_item, list.item_count - 1);
+        list.current_keyboard_item = std::min(list.current_keyboard_item, list.element_count - 1);
         ShowCursor(w);
     }
 }

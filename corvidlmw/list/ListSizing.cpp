@@ -18,7 +18,7 @@ Dimension FitExtent(int extent) {
 
 int RowStep(Widget w) {
     const auto &list = ListOf(w);
-    if (list.item_count > 0) {
+    if (list.element_count > 0) {
         ResetHeight(w);
         return PitchOf(list);
     }
@@ -29,7 +29,7 @@ int RowStep(Widget w) {
 int HeightOfRows(Widget w, int count) {
     const auto &list = ListOf(w);
     count = std::clamp(count, 0, largest_extent);
-    if (list.item_count > 0) {
+    if (list.element_count > 0) {
         return RowStep(w) * count;
     }
     const int step = FontHeightOf(list.font_list) + list.item_spacing;
@@ -48,7 +48,7 @@ int FrameHeight(Widget w) {
 // An empty list keeps the width that it has.
 Dimension DefaultWidth(Widget w, int height_of_rows) {
     auto &list = ListOf(w);
-    if (list.item_count > 0) {
+    if (list.element_count > 0) {
         RecomputeMaxWidth(list);
     } else {
         list.max_width = CutToDimension(height_of_rows / 2);
@@ -109,14 +109,14 @@ Row RowOf(Widget w, int row) {
     const auto &list = ListOf(w);
     const LmListElement &element = ElementOf(list, row);
     const LmListElement &top =
-        ElementOf(list, std::clamp(list.top_item_position, 0, list.item_count - 1));
+        ElementOf(list, std::clamp(list.top_item_position, 0, list.element_count - 1));
     return {.y = RowY(element.cumulative_height, top.cumulative_height, list.base_y),
             .width = element.width,
             .indent = element.indent};
 }
 
 RowRange RowsInView(const LmListPart &list) {
-    return RowsInView(list.top_item_position, list.visible_item_count, list.item_count);
+    return RowsInView(list.top_item_position, list.visible_item_count, list.element_count);
 }
 
 void PlaceBaseX(Widget w) {
@@ -174,8 +174,8 @@ void CloseChange(Widget w) {
 void Resize(Widget w) {
     auto &list = ListOf(w);
     const int visible = RowsThatFit(std::max(ListHeight(FrameOf(w)), 1), RowStep(w));
-    if (list.item_count - list.top_item_position < visible) {
-        list.top_item_position = std::max(list.item_count - visible, 0);
+    if (list.element_count - list.top_item_position < visible) {
+        list.top_item_position = std::max(list.element_count - visible, 0);
     }
     list.visible_item_count = visible;
     SetVerticalScrollbar(w);
@@ -220,7 +220,7 @@ BarNeeds NeedsAtSize(Widget w, const XtWidgetGeometry &request, Size preferred) 
         horizontal ? horizontal->core.height + HighlightAndBorder(horizontal) : 0;
     needs.vertical_bar_width = vertical ? vertical->core.width + HighlightAndBorder(vertical) : 0;
     needs.spacing = ResourceOf<Dimension>(list.scrolled_window, XmNspacing, 0);
-    needs.count = list.item_count;
+    needs.count = list.element_count;
     needs.max_item_height = list.max_item_height;
     needs.item_spacing = list.item_spacing;
     needs.is_static = list.scroll_bar_display_policy == XmSTATIC;
@@ -250,7 +250,7 @@ XtGeometryResult QueryProc(Widget w, XtWidgetGeometry *request, XtWidgetGeometry
     }
     const bool fresh = request->request_mode == 0;
     const Size preferred = fresh ? FreshDefaultSize(w) : SetDefaultSize(w);
-    if (!fresh && list.item_count > 0) {
+    if (!fresh && list.element_count > 0) {
         const bool has_bars = list.vertical_scroll_bar || list.horizontal_scroll_bar;
         if (list.scrolled_window && has_bars) {
             ShowNeededBars(w, *request, preferred);

@@ -251,7 +251,8 @@ typedef struct {
     XmString item;
     int item_length;
     int item_position;
-    XmString *selected_items; /* in row order; for multiple and extended selection and default actions */
+    XmString
+        *selected_items; /* in row order; for multiple and extended selection and default actions */
     int selected_item_count;
     int *selected_item_positions;
     char selection_type; /* for extended selection: XmINITIAL, XmADDITION or XmMODIFICATION */

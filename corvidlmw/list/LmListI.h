@@ -72,14 +72,16 @@ inline LmListElement &ElementOf(const LmListPart &list, int row) {
     return *list.elements[row];
 }
 
+// While the toolkit's part of an XtSetValues runs, `items` and `item_count` are what the client gave, and
+// the keyboard can come or go there. `element_count` is always the list's own: drawing asks that one.
 inline bool IsRow(const LmListPart &list, int row) {
-    return row >= 0 && row < list.item_count;
+    return row >= 0 && row < list.element_count;
 }
 
 inline std::span<const int> FieldsOf(const LmListPart &list) {
-    return list.field_widths ? std::span<const int>(list.field_widths,
-                                                    static_cast<std::size_t>(list.field_count))
-                             : std::span<const int>();
+    return list.field_widths
+               ? std::span<const int>(list.field_widths, static_cast<std::size_t>(list.field_count))
+               : std::span<const int>();
 }
 
 inline bool HasIcon(const LmListElement &element) {

@@ -95,8 +95,8 @@ void PlaceSpacing(Widget w) {
 
 void TakeFonts(Widget w) {
     auto &list = ListOf(w);
-    list.font_list = XmFontListCopy(
-        list.font_list ? list.font_list : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST));
+    list.font_list = XmFontListCopy(list.font_list ? list.font_list
+                                                   : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST));
 }
 
 // ---- Changes --------------------------------------------------------------------------------------------
@@ -409,9 +409,9 @@ void TellBars(Widget w) {
 }
 
 constexpr void (*steps[])(Change &) = {
-    ChangeIcons,       ChangePolicies,      ChangeBars,  ChangeMargins, ChangeSpacing, ChangeVisibleCount,
-    ChangeSensitivity, ChangeSelectedItems, ChangeItems, ChangeLooks,   ChangeTop,     ChangeUpdate,
-    TakeSelection,     TakeSize};
+    ChangeIcons,        ChangePolicies,    ChangeBars,          ChangeMargins, ChangeSpacing,
+    ChangeVisibleCount, ChangeSensitivity, ChangeSelectedItems, ChangeItems,   ChangeLooks,
+    ChangeTop,          ChangeUpdate,      TakeSelection,       TakeSize};
 
 } // namespace
 

@@ -100,8 +100,7 @@ Rectangle ClearedBelow(const Layout &layout, int last_row_y) {
 
 Rectangle Fill(const Layout &layout, const Row &row, bool own_look) {
     const int row_width = RowWidthOfOne(layout);
-    return {TextX(layout, row, row_width) + row.indent, row.y,
-            row_width - layout.icon_column_width,
+    return {TextX(layout, row, row_width) + row.indent, row.y, row_width - layout.icon_column_width,
             own_look ? BoxHeight(layout) : layout.max_item_height};
 }
 
@@ -214,8 +213,7 @@ BarsNeeded FindWhereAsNeeded(const BarNeeds &needs) {
 } // namespace
 
 BarsNeeded FindBarsNeeded(const BarNeeds &needs) {
-    const bool too_small =
-        needs.height < needs.default_height && needs.width < needs.default_width;
+    const bool too_small = needs.height < needs.default_height && needs.width < needs.default_width;
     return too_small || needs.is_static ? BarsNeeded{.horizontal = true, .vertical = true}
                                         : FindWhereAsNeeded(needs);
 }

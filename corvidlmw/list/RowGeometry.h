@@ -147,8 +147,8 @@ struct BarNeeds {
     int height = 0;
     int default_width = 0; // the preferred size
     int default_height = 0;
-    int frame_height = 0;           // frame and margin, above and below
-    int horizontal_bar_height = 0;  // its borders and highlights included
+    int frame_height = 0;          // frame and margin, above and below
+    int horizontal_bar_height = 0; // its borders and highlights included
     int vertical_bar_width = 0;
     int spacing = 0; // between the list and its bars
     int count = 0;

@@ -67,9 +67,7 @@ void WidenIconColumn(LmListPart &list) {
     constexpr int gap = 2;
     const int widest = StateOf(list).icon_widths.HighestOr(0);
     list.icon_column_width =
-        list.show_icons
-            ? CutToPosition(std::max<int>(list.default_icon_width, widest) + gap)
-            : 0;
+        list.show_icons ? CutToPosition(std::max<int>(list.default_icon_width, widest) + gap) : 0;
 }
 
 void SetIcon(Widget w, int row, Pixmap icon, IconSizes &sizes) {
@@ -114,7 +112,7 @@ void LmListSetPositionIcon(Widget w, int position, Pixmap icon) {
 }
 
 void LmListSetItemIcon(Widget w, XmString item, Pixmap icon) {
-    if (IsList(w) && ListOf(w).item_count > 0) {
+    if (IsList(w) && ListOf(w).element_count > 0) {
         LmListSetPositionIcon(w, FindRow(ListOf(w), item) + 1, icon);
     }
 }
@@ -147,7 +145,7 @@ void LmListSetPositionIndent(Widget w, int position, Dimension indent) {
 }
 
 void LmListSetItemIndent(Widget w, XmString item, Dimension indent) {
-    if (IsList(w) && ListOf(w).item_count > 0) {
+    if (IsList(w) && ListOf(w).element_count > 0) {
         LmListSetPositionIndent(w, FindRow(ListOf(w), item) + 1, indent);
     }
 }

@@ -25,8 +25,7 @@ GC CreateLookGC(Widget w, const Look &look) {
     unsigned long mask = GCForeground | GCBackground;
     values.foreground = look.foreground;
     values.background = look.background;
-    if (const XFontStruct *font =
-            CoreFontOf(look.fonts ? look.fonts : ListOf(w).font_list)) {
+    if (const XFontStruct *font = CoreFontOf(look.fonts ? look.fonts : ListOf(w).font_list)) {
         values.font = font->fid;
         mask |= GCFont;
     }
@@ -83,7 +82,7 @@ void LmListSetPositionAttributes(Widget w, int position, XmFontList font_list, P
 
 void LmListSetItemAttributes(Widget w, XmString item, XmFontList font_list, Pixel foreground,
                              Pixel background) {
-    if (IsList(w) && ListOf(w).item_count > 0) {
+    if (IsList(w) && ListOf(w).element_count > 0) {
         LmListSetPositionAttributes(w, FindRow(ListOf(w), item) + 1, font_list, foreground,
                                     background);
     }

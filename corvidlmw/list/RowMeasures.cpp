@@ -32,7 +32,8 @@ void MeasureAllAnew(LmListPart &list) {
 
 void MeasureText(const LmListPart &list, LmListElement &element) {
     _XmStringExtent(list.font_list, element.name, &element.width, &element.height);
-    element.height = std::max(element.height, CutToDimension(std::max<int>(element.icon_height, 0)));
+    element.height =
+        std::max(element.height, CutToDimension(std::max<int>(element.icon_height, 0)));
 }
 
 void Count(LmListPart &list, const LmListElement &element) {
@@ -96,7 +97,7 @@ void RebuildHeights(LmListPart &list) {
 void ResetHeight(Widget w) {
     auto &list = ListOf(w);
     auto &state = StateOf(list);
-    if (!list.update || list.item_count == 0) {
+    if (!list.update || list.element_count == 0) {
         return;
     }
     if (state.stale_fonts) {

@@ -157,8 +157,8 @@ void SetDirection(Widget bar, bool right_to_left) {
 
 bool NeedsVerticalBar(const LmListPart &list) {
     return list.scroll_bar_display_policy == XmSTATIC ||
-           (list.item_count > 0 &&
-            (list.item_count > list.visible_item_count || list.top_item_position != 0));
+           (list.element_count > 0 &&
+            (list.element_count > list.visible_item_count || list.top_item_position != 0));
 }
 
 bool NeedsHorizontalBar(Widget w) {
@@ -169,8 +169,8 @@ bool NeedsHorizontalBar(Widget w) {
 void TellVertical(Widget w) {
     auto &list = ListOf(w);
     const BarValues values =
-        VerticalBar(list.item_count, list.top_item_position, list.visible_item_count);
-    if (list.item_count > 0) {
+        VerticalBar(list.element_count, list.top_item_position, list.visible_item_count);
+    if (list.element_count > 0) {
         list.vertical_maximum = values.maximum;
         list.vertical_origin = values.value;
         list.vertical_extent = values.slider_size;
@@ -182,7 +182,7 @@ void TellVertical(Widget w) {
 
 void TellHorizontal(Widget w) {
     auto &list = ListOf(w);
-    if (list.item_count > 0) {
+    if (list.element_count > 0) {
         const BarValues values =
             HorizontalBar(FrameOf(w), list.base_x, list.max_width, list.x_origin);
         list.horizontal_maximum = values.maximum;
@@ -276,7 +276,7 @@ void SetHorizontalScrollbar(Widget w) {
     const Boolean was_in_update = list.in_scroll_update;
     const int visible = list.visible_item_count;
     list.in_scroll_update = True;
-    if (list.item_count > 0) {
+    if (list.element_count > 0) {
         RecomputeMaxWidth(list);
     }
     const bool needed = NeedsHorizontalBar(w);

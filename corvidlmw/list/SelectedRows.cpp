@@ -13,8 +13,7 @@ namespace {
 
 template <typename T>
 T *NewArray(int count) {
-    return static_cast<T *>(
-        static_cast<void *>(XtCalloc(static_cast<Cardinal>(count), sizeof(T))));
+    return static_cast<T *>(static_cast<void *>(XtCalloc(static_cast<Cardinal>(count), sizeof(T))));
 }
 
 void FreePositions(LmListPart &list) {
@@ -67,7 +66,7 @@ void SetLastSelected(LmListPart &list, int row, bool selected) {
 }
 
 void SelectByMembership(LmListPart &list) {
-    const int wanted = list.selected_item_count > 0 ? list.item_count : 0;
+    const int wanted = list.selected_item_count > 0 ? list.element_count : 0;
     DeselectAll(list);
     for (int row = 0; row < wanted; row++) {
         SetBothSelected(list, row, IsAmongSelectedItems(list, list.items[row]));
@@ -109,8 +108,7 @@ void UpdateSelectedIndices(LmListPart &list) {
     const int count = StateOf(list).selected.size();
     if (count > 0) {
         list.selected_positions = NewArray<int>(count);
-        ForEachSelected(list,
-                        [&list](int i, int row) { list.selected_positions[i] = row + 1; });
+        ForEachSelected(list, [&list](int i, int row) { list.selected_positions[i] = row + 1; });
     }
 }
 
@@ -119,12 +117,12 @@ void UpdateSelectedIndices(LmListPart &list) {
 void SetSelectionParams(Widget w) {
     auto &list = ListOf(w);
     const RowSet &selected = StateOf(list).selected;
-    if (list.item_count == 0) {
+    if (list.element_count == 0) {
         return;
     }
     list.old_end_item = list.end_item;
     list.old_start_item = list.start_item;
-    const int last = selected.LastBefore(list.item_count);
+    const int last = selected.LastBefore(list.element_count);
     if (last < 0) {
         list.end_item = list.start_item = list.last_highlighted = 0;
         return;

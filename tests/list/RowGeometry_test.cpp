@@ -23,8 +23,12 @@ namespace {
 using test::Random;
 
 // 200 by 100, margins 2 and 0, highlight 2 and shadow 2: rows begin at 7, 5.
-const Frame frame{.width = 200, .height = 100, .margin_width = 2, .margin_height = 0,
-                  .row_highlight = 3, .shadow = 2};
+const Frame frame{.width = 200,
+                  .height = 100,
+                  .margin_width = 2,
+                  .margin_height = 0,
+                  .row_highlight = 3,
+                  .shadow = 2};
 
 Layout PlainLayout() {
     return {.frame = frame, .base_x = 7, .base_y = 5, .max_item_height = 13};
@@ -86,7 +90,8 @@ TEST(RowGeometry, CellsFollowTheColumnsEvenIfThoseAreAbsurd) {
     EXPECT_EQ(Cell(layout, row, widths, 2), (Rectangle{7 + 90 - 11, 5, 60, 13}));
     const std::array absurd{2'000'000'000, 2'000'000'000, -1};
     EXPECT_EQ(Cell(layout, row, absurd, 2).width, 65535);
-    EXPECT_EQ(Cell(layout, row, absurd, 2).x, CutToPosition(static_cast<int>(3'999'999'996LL & 0xffff)));
+    EXPECT_EQ(Cell(layout, row, absurd, 2).x,
+              CutToPosition(static_cast<int>(3'999'999'996LL & 0xffff)));
     EXPECT_EQ(FieldAt(widths, 7, 46), 0);
     EXPECT_EQ(FieldAt(widths, 7, 47), 1);
     EXPECT_EQ(FieldAt(widths, 7, 157), -1);
@@ -184,9 +189,17 @@ TEST(RowGeometry, BarsNeverAskForWhatABarWouldRepair) {
 
 TEST(RowGeometry, BarsAreThereAsNeeded) {
     // Five rows of 13 and the gaps of 4 between them need 81 pixels inside of the frame.
-    BarNeeds needs{.width = 200, .height = 91, .default_width = 150, .default_height = 95,
-                   .frame_height = 10, .horizontal_bar_height = 15, .vertical_bar_width = 15,
-                   .spacing = 4, .count = 5, .max_item_height = 13, .item_spacing = 4};
+    BarNeeds needs{.width = 200,
+                   .height = 91,
+                   .default_width = 150,
+                   .default_height = 95,
+                   .frame_height = 10,
+                   .horizontal_bar_height = 15,
+                   .vertical_bar_width = 15,
+                   .spacing = 4,
+                   .count = 5,
+                   .max_item_height = 13,
+                   .item_spacing = 4};
     const auto found = [&] {
         const BarsNeeded bars = FindBarsNeeded(needs);
         return (bars.horizontal ? 1 : 0) + (bars.vertical ? 2 : 0);
