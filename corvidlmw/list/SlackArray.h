@@ -61,7 +61,9 @@ private:
     static constexpr int least_spare = 16;
 
     void Move(int to, int from, int count) {
-        std::memmove(block_ + to, block_ + from, sizeof(T) * static_cast<std::size_t>(count));
+        if (count > 0) {
+            std::memmove(block_ + to, block_ + from, sizeof(T) * static_cast<std::size_t>(count));
+        }
     }
 
     // Many at once get what they need; few at a time a quarter more than there are.

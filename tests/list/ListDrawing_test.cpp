@@ -320,6 +320,8 @@ TEST_F(ListFontTest, DrawsAntialiasedTextWithinItsArea) {
         for (int x = 2; x < 7; x++)
             ASSERT_EQ(scrolled.At(x, y), Colour("gray75")) << x << ", " << y;
     EXPECT_GT(PartOf(list).max_item_height, 10);
+    XtDestroyWidget(list);
+    XtDestroyWidget(empty);
     XmRenderTableFree(table);
 }
 
