@@ -171,7 +171,7 @@ void ClassPartInitialize(WidgetClass widget_class) {
 // ---- Positions count from 1 for clients ---------------------------------------------------------------
 
 void CvtToExternalPos(Widget w, int, XtArgVal *value) {
-    *value = static_cast<XtArgVal>(ListOf(w).top_item_position + 1);
+    *value = XtArgVal{ListOf(w).top_item_position} + 1;
 }
 
 XmImportOperator CvtToInternalPos(Widget, int, XtArgVal *value) {

@@ -5,7 +5,6 @@
 #include <X11/Intrinsic.h>
 
 #include <algorithm>
-#include <cstring>
 #include <type_traits>
 
 namespace corvidlmw::list {
@@ -60,9 +59,13 @@ public:
 private:
     static constexpr int least_spare = 16;
 
+    // Within the block; either place can be the first.
     void Move(int to, int from, int count) {
-        if (count > 0) {
-            std::memmove(block_ + to, block_ + from, sizeof(T) * static_cast<std::size_t>(count));
+        T *const first = block_ + from;
+        if (to < from) {
+            std::copy(first, first + count, block_ + to);
+        } else {
+            std::copy_backward(first, first + count, block_ + to + count);
         }
     }
 
@@ -72,6 +75,7 @@ private:
     // The toolkit's plain allocation takes a size of 32 bits.
     static T *Allocate(int count) {
         return static_cast<T *>(
+            // NOLINTNEXTLINE(bugprone-sizeof-expression): the entries themselves are pointers
             static_cast<void *>(XtCalloc(static_cast<Cardinal>(count), sizeof(T))));
     }
 
@@ -80,18 +84,12 @@ private:
         const int capacity = size_ + count + spare;
         T *block = Allocate(capacity);
         const int front = in_front ? spare : 0;
-        Copy(block + front, block_ + front_, at);
-        Copy(block + front + at + count, block_ + front_ + at, size_ - at);
+        std::copy_n(block_ + front_, at, block + front);
+        std::copy_n(block_ + front_ + at, size_ - at, block + front + at + count);
         XtFree(reinterpret_cast<char *>(block_));
         block_ = block;
         capacity_ = capacity;
         front_ = front;
-    }
-
-    static void Copy(T *to, const T *from, int count) {
-        if (count > 0) {
-            std::memcpy(to, from, sizeof(T) * static_cast<std::size_t>(count));
-        }
     }
 
     void Shrink() {
@@ -100,7 +98,7 @@ private:
         } else if (capacity_ > 4 * least_spare && size_ < capacity_ / 4) {
             const int capacity = 2 * size_ + least_spare;
             T *block = Allocate(capacity);
-            Copy(block, block_ + front_, size_);
+            std::copy_n(block_ + front_, size_, block);
             XtFree(reinterpret_cast<char *>(block_));
             block_ = block;
             capacity_ = capacity;
