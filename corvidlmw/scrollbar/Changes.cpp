@@ -77,6 +77,14 @@ bool UpdateSlider(const SvScrollBarPart &old, Widget w) {
     return redisplay || (moved && !XtIsSensitive(w));
 }
 
+// The toolkit tells an insensitive bar of no release, and nobody else would have the keyboard again.
+bool UpdateSensitivity(Widget current, Widget w) {
+    if (!XtIsSensitive(w)) {
+        UngrabKeyboard(w, CurrentTime);
+    }
+    return XtIsSensitive(current) != XtIsSensitive(w);
+}
+
 // ---- The numbers --------------------------------------------------------------------------------
 
 // Whether anybody besides this class has a say in what XtSetValues does: a subclass, or a client that
@@ -110,7 +118,7 @@ Boolean SetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     RepairChange(BarOf(current), new_w);
     const bool redisplays[] = {UpdateTroughColor(current, new_w), UpdateLayout(current, new_w),
                                UpdateColors(current, new_w), UpdateSlider(BarOf(current), new_w),
-                               XtIsSensitive(current) != XtIsSensitive(new_w)};
+                               UpdateSensitivity(current, new_w)};
     const bool any = std::any_of(std::begin(redisplays), std::end(redisplays),
                                  [](bool redisplay) { return redisplay; });
     return any ? True : False;

@@ -21,11 +21,6 @@ void GrabKeyboard(Widget w, const XEvent *event) {
     XAllowEvents(DisplayOf(w), AsyncKeyboard, CurrentTime);
 }
 
-void UngrabKeyboard(Widget w, const XEvent *event) {
-    XtUngrabKeyboard(w, TimeOf(event));
-    SetFlag(BarOf(w), SV_KEYBOARD_GRABBED, false);
-}
-
 // ---- Arrows -------------------------------------------------------------------------------------
 
 void ReleaseArrows(Widget w) {
@@ -145,13 +140,22 @@ void PressPart(Widget w, Part part, XEvent *event) {
     }
 }
 
-// The place is judged before the focus moves, by which the slider might.
+bool IsFirstButton(const XButtonEvent &press) {
+    return (press.state & (Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask)) ==
+           0;
+}
+
+// The place is judged before the focus moves, by which the slider might. A drag that lost its release
+// while the bar was insensitive ends here.
 void Select(Widget w, XEvent *event, String *, Cardinal *) {
     auto &bar = BarOf(w);
     if (!event) {
         return;
     }
     bar.saved_value = bar.value;
+    if (IsFirstButton(event->xbutton)) {
+        bar.sliding_on = False;
+    }
     GrabKeyboard(w, event);
     if (!IsSet(bar, SV_SLIDER_AVAILABLE)) {
         return;
@@ -166,9 +170,7 @@ void Select(Widget w, XEvent *event, String *, Cardinal *) {
 // A press that began before the bar became unavailable ends as well, but nobody is told.
 void Release(Widget w, XEvent *event, String *, Cardinal *) {
     auto &bar = BarOf(w);
-    if (IsSet(bar, SV_KEYBOARD_GRABBED)) {
-        UngrabKeyboard(w, event);
-    }
+    UngrabKeyboard(w, TimeOf(event));
     ReleaseArrows(w);
     EndTimer(bar);
     const bool slid = bar.sliding_on != False;
@@ -198,7 +200,7 @@ void CancelDrag(Widget w, XEvent *event, String *params, Cardinal *num_params) {
         PassCancelOn(w, event, params, num_params);
         return;
     }
-    UngrabKeyboard(w, event);
+    UngrabKeyboard(w, TimeOf(event));
     bar.sliding_on = False;
     EndTimer(bar);
     bar.value = Fit(RangeOf(bar), bar.saved_value);
@@ -222,6 +224,15 @@ XtActionsRec actions[num_actions] = {
     {Name("PageDownOrRight"), PageDownOrRight},
     {Name("CancelDrag"), CancelDrag},
 };
+
+// ---- Grab ---------------------------------------------------------------------------------------
+
+void UngrabKeyboard(Widget w, Time time) {
+    if (IsSet(BarOf(w), SV_KEYBOARD_GRABBED)) {
+        XtUngrabKeyboard(w, time);
+        SetFlag(BarOf(w), SV_KEYBOARD_GRABBED, false);
+    }
+}
 
 // ---- Arrows -------------------------------------------------------------------------------------
 

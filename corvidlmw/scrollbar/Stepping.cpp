@@ -47,12 +47,19 @@ void StartTimer(Widget w, int delay) {
                                      static_cast<unsigned long>(delay), TimerEvent, w);
 }
 
-// The client keeps up with the repetition, and the server with the client.
+// The client keeps up with the repetition, and the server with the client; who destroyed the bar may
+// have closed its display as well.
 void ReportStep(Widget w) {
-    const auto &bar = BarOf(w);
-    Display *display = DisplayOf(w);
-    ScrollCallback(w, bar.change_type, {}, nullptr);
-    XSync(display, False);
+    const LifeWatch life(w);
+    ScrollCallback(w, BarOf(w).change_type, {}, nullptr);
+    if (!life.Ended()) {
+        XSync(DisplayOf(w), False);
+    }
+}
+
+// An insensitive bar is not told of the release.
+bool MayRepeat(Widget w) {
+    return IsSet(BarOf(w), SV_SLIDER_AVAILABLE) && XtIsSensitive(w);
 }
 
 // The first firing takes no step, so that there are both delays before the second one.
@@ -66,7 +73,7 @@ void TimerEvent(XtPointer client_data, XtIntervalId *) {
         XSync(DisplayOf(w), False);
         SetFlag(bar, SV_FIRST_SCROLL, false);
         StartTimer(w, bar.repeat_delay);
-    } else if (IsSet(bar, SV_SLIDER_AVAILABLE) && TakeStep(w)) {
+    } else if (MayRepeat(w) && TakeStep(w)) {
         StartTimer(w, bar.repeat_delay);
         ReportStep(w);
     } else {
@@ -118,8 +125,8 @@ bool TakeStep(Widget w) {
     return true;
 }
 
-// The timer is armed before the
-// client is called, which may run events of its own and so see the release.
+// The timer is armed before the client is called, which may run events of its own and so see the
+// release.
 void ReportAndRepeat(Widget w) {
     auto &bar = BarOf(w);
     SetFlag(bar, SV_END_TIMER, false);

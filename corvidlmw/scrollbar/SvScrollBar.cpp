@@ -143,7 +143,7 @@ SvScrollBarClassRec svScrollBarClassRec = {
     .primitive_class =
         {
             .border_highlight = XmInheritBorderHighlight,
-            .border_unhighlight = XmInheritBorderHighlight,
+            .border_unhighlight = XmInheritBorderUnhighlight,
             // None: the primitive's own would take the arrow keys for traversal.
             .translations = nullptr,
             .arm_and_activate = nullptr,
@@ -314,9 +314,7 @@ void Destroy(Widget w) {
     if (bar.timer) {
         XtRemoveTimeOut(bar.timer);
     }
-    if (IsSet(bar, SV_KEYBOARD_GRABBED)) {
-        XtUngrabKeyboard(w, CurrentTime);
-    }
+    UngrabKeyboard(w, CurrentTime);
     FreeForegroundGC(w);
     FreeUnavailableGC(w);
     FreeSliderPixmaps(w);

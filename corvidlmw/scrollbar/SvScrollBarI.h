@@ -179,6 +179,9 @@ void IncrementDownOrRight(Widget w, XEvent *event, String *params, Cardinal *num
 void PageUpOrLeft(Widget w, XEvent *event, String *params, Cardinal *num_params);
 void PageDownOrRight(Widget w, XEvent *event, String *params, Cardinal *num_params);
 
+// Lets go of the keyboard, if a press holds it.
+void UngrabKeyboard(Widget w, Time time);
+
 inline Boolean &SelectedArrow(SvScrollBarPart &bar, Part arrow) {
     return arrow == Part::Arrow1 ? bar.arrow1_selected : bar.arrow2_selected;
 }

@@ -67,16 +67,15 @@ void MarkedText::SetText(const std::wstring &new_text) {
 void MarkedText::SetWord(const std::wstring &new_word) {
     word = new_word;
     Search();
+    ShowMarks();
+    Highlight();
 }
 
 void MarkedText::Search() {
     occurrences = Occurrences(content, word);
-    std::vector<int> found = LinesOf(lines, occurrences);
-    if (found != marked_lines) {
-        marked_lines = std::move(found);
-        SvScrollBarRedisplay(bar);
-    }
-    Highlight();
+    marked_lines = LinesOf(lines, occurrences);
+    if (searched)
+        searched();
 }
 
 void MarkedText::GoToNext() {
@@ -108,6 +107,7 @@ void MarkedText::FitBar() {
     XtVaSetValues(bar, XmNmaximum, count, XmNsliderSize, size, XmNvalue,
                   std::min(TopLine(), count - size), XmNpageIncrement, std::max(rows - 1, 1),
                   nullptr);
+    ShowMarks();
     Highlight();
 }
 
@@ -144,11 +144,9 @@ Boolean MarkedText::CatchUp(XtPointer marked) {
         self.stale = false;
         self.content = ContentOf(self.text);
         self.lines = Lines(self.content);
-        self.FitBar();
         self.Search();
-    } else {
-        self.FitBar();
     }
+    self.FitBar();
     return True;
 }
 
@@ -167,10 +165,20 @@ void MarkedText::Resized(Widget, XtPointer marked, XEvent *event, Boolean *) {
 
 // ---- Marks -----------------------------------------------------------------------------------------
 
+// The bar asks for its picture when its size changes. Whether the marks lie elsewhere, we know.
+void MarkedText::ShowMarks() {
+    int maximum = 0;
+    XtVaGetValues(bar, XmNmaximum, &maximum, nullptr);
+    if (marked_lines != shown_lines || (maximum != shown_maximum && !marked_lines.empty()))
+        SvScrollBarRedisplay(bar);
+}
+
 // A line of the text is a stripe of the trough, at least two pixels thick.
 void MarkedText::DrawMarks(Widget bar, XtPointer marked, XtPointer call_data) {
     auto &self = *static_cast<MarkedText *>(marked);
     const auto &picture = *static_cast<SvTroughPixmapCallbackStruct *>(call_data);
+    self.shown_lines = self.marked_lines;
+    self.shown_maximum = picture.maximum;
     XGCValues values{};
     values.foreground = self.mark_color;
     GC gc = XCreateGC(XtDisplay(bar), picture.pixmap, GCForeground, &values);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <Xm/Xm.h>
@@ -21,6 +23,8 @@ public:
 
     void SetText(const std::wstring &text);
     void SetWord(const std::wstring &word);
+    // Called when the numbers below may have changed, also while the user types.
+    void WhenSearched(std::function<void()> call) { searched = std::move(call); }
     // Goes to the next occurrence behind the cursor, or to the first one.
     void GoToNext();
 
@@ -41,6 +45,7 @@ private:
     void CatchUpLater(bool text_changed);
     void Search();
     void FitBar();
+    void ShowMarks();
     void Highlight();
     int TopLine() const;
     int Rows() const;
@@ -54,6 +59,9 @@ private:
     Lines lines;
     std::vector<std::size_t> occurrences;
     std::vector<int> marked_lines;
+    std::vector<int> shown_lines; // by the trough's picture
+    int shown_maximum = 0;
+    std::function<void()> searched;
     std::optional<XtWorkProcId> waiting;
     bool stale = false; // the widget's text is newer than ours
 };

@@ -78,7 +78,6 @@ void WordChanged(Widget field, XtPointer closure, XtPointer) {
     wchar_t *word = XmTextFieldGetStringWcs(field);
     window.text->SetWord(word);
     XtFree(reinterpret_cast<char *>(word));
-    ShowCount(window);
 }
 
 void GoToNext(Widget, XtPointer closure, XtPointer) {
@@ -135,6 +134,7 @@ void Run(XtAppContext app, Widget shell, const std::wstring &content, char *word
     XtVaSetValues(text.Window(), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, window.word,
                   XmNtopOffset, 4, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
                   XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, nullptr);
+    text.WhenSearched([&] { ShowCount(window); });
     text.SetText(content);
     XtAddCallback(window.word, XmNvalueChangedCallback, WordChanged, &window);
     XtAddCallback(window.word, XmNactivateCallback, GoToNext, &window);

@@ -78,6 +78,22 @@ TEST_F(MarkedTextTest, MarksFollowTheWordAndTheText) {
     EXPECT_GT(Marks(), both);
 }
 
+// Lines without the word move the marks of the others.
+TEST_F(MarkedTextTest, MarksStandAtTheirShareOfTheText) {
+    MakeText({50});
+    text->SetWord(L"word");
+    int told = 0;
+    text->WhenSearched([&] { told = text->NumMarkedLines(); });
+    std::string more(300, '\n');
+    XmTextReplace(text->Text(), XmTextGetLastPosition(text->Text()),
+                  XmTextGetLastPosition(text->Text()), more.data());
+    RunWorkProcs();
+    EXPECT_EQ(told, 1);
+    const auto shown = corvidlmw::test::Picture::Of(text->Bar());
+    SvScrollBarRedisplay(text->Bar());
+    EXPECT_TRUE(SamePicture(corvidlmw::test::Picture::Of(text->Bar()), shown));
+}
+
 TEST_F(MarkedTextTest, BarAndTextScrollOneAnother) {
     MakeText({90});
     text->SetWord(L"word");

@@ -139,6 +139,26 @@ TEST_F(DeathTest, InTheMiddleOfAGesture) {
     }
 }
 
+// Who destroys a bar may close its display next.
+TEST_F(DeathTest, InsideOfARepeatedStepItTalksNoMoreToTheServer) {
+    Widget bar = MakeBar();
+    RequestCounter counter(display);
+    XtAddCallback(
+        bar, XmNincrementCallback,
+        [](Widget w, XtPointer after, XtPointer value) {
+            if (static_cast<XmScrollBarCallbackStruct *>(value)->value == 33) {
+                XtDestroyWidget(w);
+                static_cast<RequestCounter *>(after)->Restart();
+            }
+        },
+        &counter);
+    PressArrow(bar);
+    while (!dead)
+        XtAppProcessEvent(app, XtIMTimer);
+    EXPECT_EQ(counter.requests(), 0);
+    Release();
+}
+
 // ---- While the picture is asked for -------------------------------------------------------------
 
 TEST_F(DeathTest, InsideOfThePicturesCallback) {

@@ -253,6 +253,30 @@ TEST_F(InteractionTest, ADragOfASliderThatFillsUpEndsWithTheRelease) {
     EXPECT_TRUE(Called().empty());
 }
 
+// It sees no release, and everybody else wants the keyboard back.
+TEST_F(InteractionTest, AnInsensitiveBarEndsWhatAPressBegan) {
+    Widget bar = MakeShown({{XmNinitialDelay, at_once}, {XmNrepeatDelay, at_once}});
+    PressAt(bar, 7, 195);
+    XtSetSensitive(board, False);
+    Pump();
+    EXPECT_TRUE(KeyboardIsFree());
+    Release();
+    log.Clear();
+    ASSERT_TRUE(PumpUntil([&] { return PartOf(bar).timer == 0; }));
+    XtSetSensitive(board, True);
+    EXPECT_TRUE(Called().empty());
+
+    PressAt(bar, 7, SliderOf(bar).y + 5);
+    XtSetSensitive(bar, False);
+    Release();
+    XtSetSensitive(bar, True);
+    PressAt(bar, 7, 5); // on an arrow
+    log.Clear();
+    MoveTo(bar, 7, 100);
+    Release();
+    EXPECT_TRUE(Called().empty()) << "that drag is over";
+}
+
 // ---- As the toolkit's bar -----------------------------------------------------------------------
 
 struct Seen {
