@@ -225,15 +225,46 @@ void DrawRowAlone(Widget w, int row_number, const Layout &layout, BarClip &bar_c
 
 // ---- All rows ---------------------------------------------------------------------------------------
 
+// With two pixels between rows no clearing of a row reaches what is drawn of the one above, so one request
+// clears all of them. Fonts of a row's own can be taller than rows.
+bool AreClearedAtOnce(const LmListPart &list, RowRange rows) {
+    constexpr int text_drop = 2;
+    const auto visible = ElementsOf(list).subspan(static_cast<std::size_t>(rows.first),
+                                                  static_cast<std::size_t>(rows.end - rows.first));
+    return list.item_spacing >= text_drop &&
+           (StateOf(list).looks == 0 ||
+            std::none_of(visible.begin(), visible.end(),
+                         [](const LmListElement *element) { return element->gc != nullptr; }));
+}
+
+void ClearAllAtOnce(Widget w, RowRange rows, const Layout &layout) {
+    Rectangle area = ClearedOfAll(layout, RowOf(w, rows.first));
+    const Rectangle last = ClearedOfAll(layout, RowOf(w, rows.end - 1));
+    area.height = last.y + last.height - area.y;
+    ClearArea(w, area);
+}
+
 void DrawRowUnselected(Widget w, int row_number, const Layout &layout) {
     LmListElement &element = ElementOf(ListOf(w), row_number);
     const Row row = RowOf(w, row_number);
     const int row_width = RowWidthOfAll(layout);
     element.drawn_selected = False;
-    ClearArea(w, ClearedOfAll(layout, row));
     DrawIcon(w, element, IconOrigin(layout, row));
     if (!element.selected) {
         DrawImage(w, element, TextOrigin(layout, row, row_width), row_width);
+    }
+}
+
+void DrawRowsUnselected(Widget w, RowRange rows, const Layout &layout) {
+    const bool at_once = AreClearedAtOnce(ListOf(w), rows);
+    if (at_once && rows.first < rows.end) {
+        ClearAllAtOnce(w, rows, layout);
+    }
+    for (int row = rows.first; row < rows.end; row++) {
+        if (!at_once) {
+            ClearArea(w, ClearedOfAll(layout, RowOf(w, row)));
+        }
+        DrawRowUnselected(w, row, layout);
     }
 }
 
@@ -269,9 +300,7 @@ void DrawList(Widget w) {
     PlaceBaseY(w);
     const Layout layout = LayoutOf(w);
     const RowRange rows = RowsInView(list);
-    for (int row = rows.first; row < rows.end; row++) {
-        DrawRowUnselected(w, row, layout);
-    }
+    DrawRowsUnselected(w, rows, layout);
     // This reaches into the last row's box: a bar there would lose its lower edge if it came first.
     const int last_y = rows.first < rows.end ? RowOf(w, rows.end - 1).y : 0;
     ClearArea(w, ClearedBelow(layout, last_y));

@@ -60,8 +60,7 @@ TEST_F(ListDrawingTest, PaintsRowsThenTheRestThenBars) {
     const long w = list->core.width, h = list->core.height;
     EXPECT_EQ(NumbersOf(recorder, list, "XClearArea"),
               (std::vector<std::vector<long>>{{0, 0, 0, 0, 1},
-                                              {7, 5, w - 11, 17, 0},
-                                              {7, 22, w - 11, 17, 0},
+                                              {7, 5, w - 11, 34, 0},
                                               {7, 37, w - 11, h - 5 - 37, 0},
                                               {7, 22, w - 9, 17, 0}}));
     EXPECT_EQ(NumbersOf(recorder, list, "XFillRectangle"),

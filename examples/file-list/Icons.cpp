@@ -1,0 +1,102 @@
+#include "Icons.h"
+
+#include <Xm/Xm.h>
+
+namespace file_list {
+
+namespace {
+
+constexpr unsigned width = 15;
+constexpr unsigned height = 15;
+constexpr int drop = 2; // the list draws its text so much lower
+
+class Painter {
+public:
+    explicit Painter(Widget w)
+        : widget_(w), display_(XtDisplay(w)),
+          pixmap_(XCreatePixmap(display_, RootWindowOfScreen(XtScreen(w)), width, height,
+                                static_cast<unsigned>(DefaultDepthOfScreen(XtScreen(w))))),
+          gc_(XCreateGC(display_, pixmap_, 0, nullptr)) {
+        Pixel background = 0;
+        XtVaGetValues(w, XmNbackground, &background, nullptr);
+        XSetForeground(display_, gc_, background);
+        XFillRectangle(display_, pixmap_, gc_, 0, 0, width, height);
+    }
+    ~Painter() { XFreeGC(display_, gc_); }
+    Painter(const Painter &) = delete;
+    Painter &operator=(const Painter &) = delete;
+
+    Pixmap pixmap() const { return pixmap_; }
+
+    void Box(const char *fill, int x, int y, unsigned w, unsigned h) {
+        Use(fill);
+        XFillRectangle(display_, pixmap_, gc_, x, y + drop, w, h);
+        Use("gray30");
+        XDrawRectangle(display_, pixmap_, gc_, x, y + drop, w, h);
+    }
+    void Line(const char *colour, int x1, int y1, int x2, int y2) {
+        Use(colour);
+        XDrawLine(display_, pixmap_, gc_, x1, y1 + drop, x2, y2 + drop);
+    }
+
+private:
+    void Use(const char *colour) {
+        XColor screen{};
+        XColor exact{};
+        if (XAllocNamedColor(display_, DefaultColormapOfScreen(XtScreen(widget_)), colour, &screen,
+                             &exact) != 0) {
+            XSetForeground(display_, gc_, screen.pixel);
+        }
+    }
+
+    Widget widget_;
+    Display *display_;
+    Pixmap pixmap_;
+    GC gc_;
+};
+
+void PaintFolder(Painter &painter, const char *colour) {
+    painter.Box(colour, 1, 1, 5, 3);
+    painter.Box(colour, 1, 3, 12, 8);
+}
+
+void PaintPage(Painter &painter, const char *colour) {
+    painter.Box(colour, 3, 0, 9, 11);
+    for (int y = 3; y < 10; y += 2) {
+        painter.Line("gray60", 5, y, 9, y);
+    }
+}
+
+Pixmap Paint(Widget w, Kind kind) {
+    Painter painter(w);
+    switch (kind) {
+    case Kind::Directory: PaintFolder(painter, "gold"); break;
+    case Kind::Closed:
+        PaintFolder(painter, "gray70");
+        painter.Line("red3", 3, 5, 10, 9);
+        painter.Line("red3", 3, 9, 10, 5);
+        break;
+    case Kind::File: PaintPage(painter, "white"); break;
+    case Kind::Program: PaintPage(painter, "palegreen2"); break;
+    case Kind::Link: PaintPage(painter, "lightblue"); break;
+    case Kind::Other: painter.Box("plum", 3, 3, 8, 6); break;
+    }
+    return painter.pixmap();
+}
+
+} // namespace
+
+Icons::Icons(Widget w) : display_(XtDisplay(w)) {
+    for (const Kind kind :
+         {Kind::Directory, Kind::Closed, Kind::File, Kind::Program, Kind::Link, Kind::Other}) {
+        pixmaps_[kind] = Paint(w, kind);
+    }
+}
+
+Icons::~Icons() {
+    for (const auto &[kind, pixmap] : pixmaps_) {
+        XFreePixmap(display_, pixmap);
+    }
+}
+
+} // namespace file_list
