@@ -45,7 +45,7 @@ void Exposed(Widget w, XtPointer shell, XEvent *, Boolean *) {
 
 bool IsReadable(const char *directory) {
     std::error_code error;
-    std::filesystem::directory_iterator(directory, error);
+    const std::filesystem::directory_iterator first(directory, error);
     if (error) {
         std::cerr << "file-list: " << directory << ": " << error.message() << '\n';
     }
