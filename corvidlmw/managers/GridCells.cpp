@@ -118,7 +118,7 @@ bool IsBeyondTable(const XmGridPart &grid, int row, int column) {
     return row >= 0 && column >= 0 && !CellAt(grid, row, column);
 }
 
-// The error handler is expected not to return; where it does, the child has no cell.
+// The toolkit takes it for granted that the error handler does not return.
 void RefuseOutOfRange(Widget w) {
     XtAppError(XtWidgetToApplicationContext(w), "XmGrid: Row/column specification out of range. ");
 }

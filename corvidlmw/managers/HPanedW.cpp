@@ -253,7 +253,7 @@ bool SashesMove(const XmHorzPanedWindowPart &before, const XmHorzPanedWindowPart
 // The panes follow by the Resize that the new width brings; where it is the right one already, nothing
 // would, and panes that were left alone for a while are laid out here.
 Boolean FitWidth(Widget w, bool refigures_again) {
-    const Dimension needed = CutToDimension(std::max(NeededWidth(w), 1));
+    const Dimension needed = CutToExtent(NeededWidth(w));
     if (needed != w->core.width) {
         w->core.width = needed;
         return True;
@@ -285,7 +285,7 @@ Boolean SetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     }
     if (before.margin_height != after.margin_height) {
         const int height = new_w->core.height + 2 * (after.margin_height - before.margin_height);
-        new_w->core.height = CutToDimension(std::max(height, 1));
+        new_w->core.height = CutToExtent(std::max(height, 1));
         redisplay = True;
     }
     const bool refigures_again = !before.refiguremode && after.refiguremode;

@@ -7,6 +7,8 @@
 
 #include <Xm/BulletinBP.h>
 
+#include <algorithm>
+
 namespace corvidlmw::managers {
 
 struct Size {
@@ -40,6 +42,12 @@ void ForEachRectangle(Widget w, Visit visit) {
 Size PreferredSizeOf(Widget child);
 
 // ---- Sizes ------------------------------------------------------------------------------------------
+
+// In the 16 bits of a window's extent. What wraps to 0 is 1: there is no window of that size, and the
+// server would refuse it.
+inline Dimension CutToExtent(int extent) {
+    return std::max<Dimension>(CutToDimension(extent), 1);
+}
 
 // A width or height of 0 becomes 10.
 void ReplaceEmptySize(Widget w);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <vector>
 
 namespace corvidlmw::managers {
@@ -18,11 +19,16 @@ bool IsPane(Widget child) {
     return XtIsRectObj(child) && ConstraintOf(child).is_pane;
 }
 
+// The list counts in 16 bits: children beyond are left where they are.
 void AddManagedChild(Widget w, Widget child) {
-    constexpr short more_slots = 10;
+    constexpr int more_slots = 10;
+    constexpr int most_slots = std::numeric_limits<short>::max();
     auto &paned = PanedOf(w);
+    if (paned.num_managed_children == most_slots) {
+        return;
+    }
     if (paned.num_managed_children == paned.num_slots) {
-        paned.num_slots = static_cast<short>(paned.num_slots + more_slots);
+        paned.num_slots = static_cast<short>(std::min(paned.num_slots + more_slots, most_slots));
         paned.managed_children = reinterpret_cast<Widget *>(XtRealloc(
             reinterpret_cast<char *>(paned.managed_children),
             static_cast<Cardinal>(sizeof(Widget)) * static_cast<Cardinal>(paned.num_slots)));
@@ -134,8 +140,7 @@ void InsertChild(Widget child) {
 
 void ResizePane(Widget child, int width, int height) {
     if (width != child->core.width || height != child->core.height) {
-        _XmResizeObject(child, CutToDimension(width), CutToDimension(height),
-                        child->core.border_width);
+        _XmResizeObject(child, CutToExtent(width), CutToExtent(height), child->core.border_width);
     }
 }
 
@@ -259,11 +264,11 @@ void RequestNeededSize(Widget w, const Tallness &tall, int sum) {
     const int gaps = paned.spacing * std::max(paned.pane_count - 1, 0);
     const int width = sum + gaps + 2 * paned.margin_width;
     const int height = tall.height + 2 * (paned.margin_height + tall.border);
-    if (!RequestSize(w, {CutToDimension(width), CutToDimension(height)})) {
+    if (!RequestSize(w, {CutToExtent(width), CutToExtent(height)})) {
         PanedOf(w).resize_at_realize = False;
         return;
     }
-    const Dimension needed = CutToDimension(std::max(NeededWidth(w), 1));
+    const Dimension needed = CutToExtent(NeededWidth(w));
     if (needed != w->core.width) {
         RequestSize(w, {needed, w->core.height});
     }

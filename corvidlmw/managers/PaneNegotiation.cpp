@@ -67,7 +67,7 @@ private:
     XtGeometryResult AskParent(XtGeometryMask what, int extent, XtWidgetGeometry &offer) const {
         XtWidgetGeometry wish{};
         wish.request_mode = what | (compromise_ || Asks(XtCWQueryOnly) ? XtCWQueryOnly : 0);
-        wish.width = wish.height = CutToDimension(extent);
+        wish.width = wish.height = CutToExtent(extent);
         return XtMakeGeometryRequest(w_, &wish, &offer);
     }
 

@@ -266,6 +266,13 @@ TEST_F(PanedTest, AsksItsParentForWhatItsPanesNeedAndLivesWithLess) {
     EXPECT_EQ(BoxOf(manager), (Box{0, 0, 260, 96}));
 }
 
+TEST_F(PanedTest, NeverAsksForAnExtentThatWrapsToNothing) {
+    MakePaned(XmNmarginHeight, (65536 - 60) / 2, XmNmarginWidth, (65536 - 100) / 2);
+    Child(100, 60);
+    Show();
+    EXPECT_EQ(BoxOf(manager), (Box{0, 0, 1, 1}));
+}
+
 // ---- Children of all kinds --------------------------------------------------------------------------
 
 TEST_F(PanedTest, HoldsGadgetsFieldsAndPanedWindows) {
