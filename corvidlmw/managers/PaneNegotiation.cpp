@@ -50,8 +50,13 @@ public:
         }
         const bool differs = (Asks(CWWidth) && width_ != request_.width) ||
                              (Asks(CWHeight) && height_ != request_.height);
-        if (compromise_ || differs) {
+        if (differs || Asks(CWX | CWY)) {
             return OfferCompromise(reply);
+        }
+        // To be offered what it asks for would make the child ask for it again, for ever.
+        if (compromise_) {
+            TakeBack();
+            return XtGeometryNo;
         }
         if (Asks(XtCWQueryOnly)) {
             TakeBack();
@@ -87,7 +92,8 @@ private:
             height_ = std::max(offer.height - around, tallest);
             compromise_ = true;
             break;
-        default: height_ = w_->core.height;
+        // A window lower than one of its panes would be offered in turns with the tallest pane's height.
+        default: height_ = std::max(+w_->core.height, tallest);
         }
     }
 

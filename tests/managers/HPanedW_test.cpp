@@ -249,6 +249,25 @@ TEST_F(PanedTest, APaneThatMayResizeNegotiatesForTheWindow) {
     EXPECT_EQ(Widths(), before);
 }
 
+// The window and its panes disagree while nothing is laid out.
+TEST_F(PanedTest, APaneAndTheWindowDoNotMakeOffersForEver) {
+    MakeThree();
+    XtVaSetValues(panes[1], XmNallowResize, True, nullptr);
+    XtVaSetValues(manager, XmNrefigureMode, False, nullptr);
+    Resize(272, 30);
+    XtResizeWidget(panes[1], 50, 20, 0);
+    Judge::answer = [](XtWidgetGeometry *) { return XtGeometryNo; };
+    XtVaSetValues(panes[1], XtNheight, 80, nullptr);
+    EXPECT_EQ(BoxOf(panes[1]).height, 60) << "as tall as the tallest";
+    Judge::answer = [](XtWidgetGeometry *offer) {
+        offer->width = 150;
+        return XtGeometryAlmost;
+    };
+    XtVaSetValues(panes[1], XtNwidth, 1, nullptr);
+    EXPECT_EQ(Ask(panes[1], CWWidth, 1, 0).result, XtGeometryNo);
+    EXPECT_EQ(BoxOf(panes[1]).width, 50);
+}
+
 TEST_F(PanedTest, AsksItsParentForWhatItsPanesNeedAndLivesWithLess) {
     MakeThree();
     Judge::answer = [](XtWidgetGeometry *offer) {
