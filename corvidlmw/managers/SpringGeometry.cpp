@@ -3,14 +3,21 @@
 #include <corvidlmw/managers/SpringGeometry.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace corvidlmw::managers {
 
 namespace {
 
-// Of an extent of at most 17 bits and a spring of 32, or of two lengths.
+// Of an extent and a spring of 32 bits each, or of two lengths.
 std::int64_t Share(std::int64_t extent, std::int64_t weight, std::int64_t sum) {
     return sum == 0 ? 0 : extent * weight / sum;
+}
+
+// A spring that outweighs the sum of all three, since others are negative, stretches beyond all bounds.
+std::int64_t In32Bits(std::int64_t extent) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return std::clamp<std::int64_t>(extent, Limits::min(), Limits::max());
 }
 
 short AtPosition(std::int64_t value) {
@@ -81,7 +88,7 @@ std::int64_t SpringRow::ThicknessOf(const SpringChild &child) const {
     const std::int64_t sum = std::int64_t{before} + inner + after;
     if (inner != 0 && sum != 0) {
         const std::int64_t extra = frame_.thickness - 2 * frame_.margin_across - preferred;
-        return preferred + Share(extra, inner, sum);
+        return In32Bits(preferred + Share(extra, inner, sum));
     }
     return frame_.may_shrink ? std::min<std::int64_t>(preferred, frame_.thickness) : preferred;
 }

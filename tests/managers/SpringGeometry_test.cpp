@@ -68,6 +68,7 @@ TEST(SpringGeometry, Examples) {
         {"across: too thick", {50, 40, 0, 3, 0, 0, false}, {{{}, loose, 50, 60}}, {{0, 3, 50, 60}}},
         {"across: cut to the box", {50, 40, 0, 3, 0, 0}, {{{}, loose, 50, 60}}, {{0, 0, 50, 40}}},
         {"across: stretched", {50, 100, 0, 5, 0, 0}, {{{}, {10, 20, 10}, 50, 20}}, {{0, 13, 50, 55}}},
+        {"across: shrunk beyond all bounds", {50, 100, 0, 0, 0, 0}, {{{}, {2147483647, -2147483647 - 1, 2}, 50, 10}}, {{0, -100, 50, 1}}},
         {"across: springs that sum to 0", {50, 40, 0, 0, 0, 0}, {{{}, {50, 0, -50}, 50, 20}}, {{0, 0, 50, 20}}},
     };
     // clang-format on
