@@ -13,9 +13,28 @@ namespace {
 
 // ---- Grab ---------------------------------------------------------------------------------------
 
+bool IsHidden(Widget w) {
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(DisplayOf(w), WindowOf(w), &attributes) &&
+           attributes.map_state != IsViewable;
+}
+
+// The server ends the grab of a bar that is hidden in the middle of a press, and sends it no release.
+// The toolkit would go on sending it all keys of the client.
+void NoteGrabEnd(Widget w, XtPointer, XEvent *event, Boolean *) {
+    if (event->type != FocusOut || event->xfocus.mode != NotifyUngrab) {
+        return;
+    }
+    UngrabKeyboard(w, CurrentTime);
+    if (IsHidden(w)) {
+        EndTimer(BarOf(w));
+    }
+}
+
 void GrabKeyboard(Widget w, const XEvent *event) {
     if (XtGrabKeyboard(w, False, GrabModeAsync, GrabModeAsync, TimeOf(event)) == GrabSuccess) {
         SetFlag(BarOf(w), SV_KEYBOARD_GRABBED, true);
+        XtAddEventHandler(w, FocusChangeMask, False, NoteGrabEnd, nullptr);
     }
     XAllowEvents(DisplayOf(w), AsyncPointer, CurrentTime);
     XAllowEvents(DisplayOf(w), AsyncKeyboard, CurrentTime);
@@ -229,6 +248,7 @@ XtActionsRec actions[num_actions] = {
 
 void UngrabKeyboard(Widget w, Time time) {
     if (IsSet(BarOf(w), SV_KEYBOARD_GRABBED)) {
+        XtRemoveEventHandler(w, FocusChangeMask, False, NoteGrabEnd, nullptr);
         XtUngrabKeyboard(w, time);
         SetFlag(BarOf(w), SV_KEYBOARD_GRABBED, false);
     }

@@ -4,6 +4,7 @@
 
 #include <X11/keysym.h>
 #include <Xm/MessageB.h>
+#include <Xm/PushB.h>
 #include <Xm/ScrollBarP.h>
 
 namespace corvidlmw::test {
@@ -275,6 +276,30 @@ TEST_F(InteractionTest, AnInsensitiveBarEndsWhatAPressBegan) {
     MoveTo(bar, 7, 100);
     Release();
     EXPECT_TRUE(Called().empty()) << "that drag is over";
+}
+
+// The server takes the keyboard from it, of which the toolkit must hear.
+TEST_F(InteractionTest, AHiddenBarEndsWhatAPressBegan) {
+    Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, board, XmNx, 200,
+                                            XmNy, 300, nullptr);
+    CallbackLog<> activated;
+    activated.Add(button, XmNactivateCallback);
+    Widget bar = MakeShown({{XmNinitialDelay, at_once}, {XmNrepeatDelay, at_once}});
+    for (const int y : {195, 20}) {
+        PressAt(bar, 7, y);
+        XtUnmanageChild(bar);
+        Pump();
+        Release();
+        log.Clear();
+        XmProcessTraversal(button, XmTRAVERSE_CURRENT);
+        Key(XK_space);
+        EXPECT_EQ(activated.size(), 1u);
+        activated.Clear();
+        ASSERT_TRUE(PumpUntil([&] { return PartOf(bar).timer == 0; }));
+        EXPECT_TRUE(Called().empty());
+        XtManageChild(bar);
+        Pump();
+    }
 }
 
 // ---- As the toolkit's bar -----------------------------------------------------------------------
