@@ -9,6 +9,7 @@
 #include <corvidlmw/list/RowSet.h>
 #include <corvidlmw/list/SlackArray.h>
 #include <corvidlmw/list/Tally.h>
+#include <corvidlmw/list/TextWidths.h>
 
 #include <optional>
 #include <span>
@@ -36,6 +37,7 @@ struct ListState {
 
     int pitch = 0;            // of the running heights as they are
     bool stale_fonts = false; // rows were measured in other fonts
+    TextWidths text_widths;   // in font_list
 
     std::optional<Rectangle> clip;           // of all GCs that are clipped to the inner area
     std::optional<Rectangle> highlight_clip; // of highlight_gc

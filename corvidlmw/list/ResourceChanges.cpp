@@ -97,6 +97,7 @@ void TakeFonts(Widget w) {
     auto &list = ListOf(w);
     list.font_list = XmFontListCopy(list.font_list ? list.font_list
                                                    : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST));
+    StateOf(list).text_widths.Take(list.font_list);
 }
 
 // ---- Changes --------------------------------------------------------------------------------------------

@@ -31,7 +31,9 @@ void MeasureAllAnew(LmListPart &list) {
 // ---- One row --------------------------------------------------------------------------------------
 
 void MeasureText(const LmListPart &list, LmListElement &element) {
-    _XmStringExtent(list.font_list, element.name, &element.width, &element.height);
+    if (!StateOf(list).text_widths.Measure(element.name, &element.width, &element.height)) {
+        _XmStringExtent(list.font_list, element.name, &element.width, &element.height);
+    }
     element.height =
         std::max(element.height, CutToDimension(std::max<int>(element.icon_height, 0)));
 }

@@ -324,6 +324,31 @@ TEST_F(ListFontTest, DrawsAntialiasedTextWithinItsArea) {
     EXPECT_GT(PartOf(list).max_item_height, 10);
 }
 
+// Most strings are measured without the toolkit, in tables of one font.
+TEST_F(ListFontTest, MeasuresAsTheToolkitDoes) {
+    const Texts texts = {"", "plain ~ text!",       "\xc3\xa4\xc3\xb6", "a\tb", "a\nb",
+                         "", std::string(900, 'W'), "\x01\x7f"};
+    for (const char *font : {"fixed", "variable", "10x20", "9x15bold", "fixed,variable=other"}) {
+        SetResource(std::string("*measured.fontList: ") + font);
+        Strings strings(texts);
+        std::vector<Arg> args = ArgsOf(strings.Items());
+        Widget list = LmCreateList(board, Name("measured"), args.data(), 2);
+        XmString mixed = XmStringConcatAndFree(XmStringCreate(Name("one "), Name("other")),
+                                               XmStringCreateLocalized(Name("two")));
+        XtVaSetValues(list, XmNitems, &mixed, XmNitemCount, 1, nullptr);
+        ExpectInOrder(list);
+        Set(list, strings.Items());
+        ExpectInOrder(list);
+        EXPECT_EQ(PartOf(list).max_item_height,
+                  2 * XmStringHeight(PartOf(list).font_list, strings[1]))
+            << font;
+        EXPECT_EQ(RowOf(list, 1).height, XmStringHeight(PartOf(list).font_list, strings[1]));
+        EXPECT_EQ(RowOf(list, 0).height, XmStringHeight(PartOf(list).font_list, strings[0]));
+        XmStringFree(mixed);
+        XtDestroyWidget(list);
+    }
+}
+
 TEST_F(ListFontTest, MeasuresRowsOfSeveralLines) {
     Widget list = Make({"one\ntwo\nthree", "four"});
     Show();
