@@ -48,17 +48,24 @@ void FreeFlipGC(Widget w) {
 
 namespace {
 
+// A region holds the far ends of its rectangles in 16 bits as well.
+XRectangle RegionRectangle(Position x, Position y, int width, int height) {
+    constexpr int farthest = std::numeric_limits<Position>::max();
+    return {x, y, CutToDimension(std::min(width, farthest - x)),
+            CutToDimension(std::min(height, farthest - y))};
+}
+
 XRectangle OutlineOf(Widget sash) {
     const auto &core = sash->core;
-    return {core.x, core.y, CutToDimension(core.width + 2 * core.border_width),
-            CutToDimension(core.height + 2 * core.border_width)};
+    return RegionRectangle(core.x, core.y, core.width + 2 * core.border_width,
+                           core.height + 2 * core.border_width);
 }
 
 // The lines do not run over sashes.
 void AdjustGC(Widget w) {
     const OwnedRegion window(XCreateRegion());
     const OwnedRegion sashes(XCreateRegion());
-    XRectangle all{0, 0, w->core.width, w->core.height};
+    XRectangle all = RegionRectangle(0, 0, w->core.width, w->core.height);
     XUnionRectWithRegion(&all, window.get(), window.get());
     for (Cardinal i = 0; i < NumChildrenOf(w); ++i) {
         Widget child = ChildrenOf(w)[i];
