@@ -4,6 +4,9 @@
 // While something is added XmNautoLayoutMode is another, so that managing it lays out only what the
 // resource asks for. The order in which the client is told differs: a gesture tells XmNgraphChangedCallback
 // of a node before it is managed, of an arc after; XmGraphAddNode tells of a node after.
+//
+// Managing tells the client too, who may destroy what was added. The toolkit's own call would go on with it
+// then, outside of a dispatch; the graph's does not.
 
 #include <corvidlmw/graph/GraphI.h>
 
@@ -123,7 +126,7 @@ void AddNode(Widget w, Point place, XEvent *event) {
         CallGraphChanged(w, XmCR_NEW_NODE, node, true);
     }
     if (alive[0]) {
-        XtManageChild(node);
+        XmGraphManageChild(node);
     }
     if (!event && alive[0]) {
         CallGraphChanged(w, XmCR_NEW_NODE, node, true);
@@ -153,7 +156,7 @@ void AddArc(Widget w, XEvent *event) {
         Refuse(alive);
         return Restore(w, alive, saved);
     }
-    XtManageChild(arc);
+    XmGraphManageChild(arc);
     Restore(w, alive, saved);
     if (saved == XmPARTIAL && alive[1]) {
         XmGraphRelaySubgraph(w, source);
