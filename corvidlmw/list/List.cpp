@@ -288,10 +288,7 @@ void Initialize(Widget request, Widget new_w, ArgList, Cardinal *) {
 
 void Destroy(Widget w) {
     auto &list = ListOf(w);
-    if (list.drag_timer) {
-        XtRemoveTimeOut(list.drag_timer);
-        list.drag_timer = 0;
-    }
+    StopScrolling(list);
     ReleaseScrollBars(w);
     RemoveAllRows(w);
     ClearSelectedList(list);

@@ -242,6 +242,23 @@ inline void ShowCursor(Widget w) {
     }
 }
 
+// ---- Hits and reports (Reports.cpp) -----------------------------------------------------------------------
+
+// Where the pointer was; events of other kinds have no place.
+std::optional<Point> PointOf(const XEvent *event);
+// A row, or what RowAt answers where there is none. While a key selects it is the location cursor's.
+int RowFromY(Widget w, int y);
+// Of the row's columns, which begin behind `indent`; -1 if none.
+int FieldFromX(Widget w, int x, int indent);
+
+void StopScrolling(LmListPart &list);
+
+// Rebuild the snapshots and run the selection callbacks of the policy, or those of the default action,
+// for the row at last_highlighted. `event` can be NULL. Both are false if the list died of it; else rows
+// can have come and gone, and every row number must be looked at anew.
+bool ClickElement(Widget w, XEvent *event);
+bool DefaultAction(Widget w, XEvent *event);
+
 // ---- Sizing (ListSizing.cpp) ------------------------------------------------------------------------------
 
 struct Size {

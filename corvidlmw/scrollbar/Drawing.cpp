@@ -4,6 +4,7 @@
 // may store None, or remove its callback later.
 
 #include <corvidlmw/scrollbar/SvScrollBarI.h>
+#include <corvidlmw/toolkit/LifeWatch.h>
 
 #include <Xm/DrawP.h>
 

@@ -4,6 +4,7 @@
 // value reaches its limit.
 
 #include <corvidlmw/scrollbar/SvScrollBarI.h>
+#include <corvidlmw/toolkit/LifeWatch.h>
 
 #include <algorithm>
 

@@ -4,6 +4,7 @@
 // or may have seen events of its own.
 
 #include <corvidlmw/scrollbar/SvScrollBarI.h>
+#include <corvidlmw/toolkit/LifeWatch.h>
 
 #include <Xm/ScrollBar.h>
 

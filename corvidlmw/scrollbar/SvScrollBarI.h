@@ -206,30 +206,4 @@ struct Numbers {
 };
 void SetNumbers(Widget w, const Numbers &numbers);
 
-// ---- Life ---------------------------------------------------------------------------------------
-
-// Tells whether a widget was freed since, where a client is called and the widget needed afterwards.
-class LifeWatch {
-public:
-    explicit LifeWatch(Widget w) : widget_(w) {
-        XtAddCallback(w, XmNdestroyCallback, NoteDeath, this);
-    }
-    ~LifeWatch() {
-        if (widget_) {
-            XtRemoveCallback(widget_, XmNdestroyCallback, NoteDeath, this);
-        }
-    }
-    LifeWatch(const LifeWatch &) = delete;
-    LifeWatch &operator=(const LifeWatch &) = delete;
-
-    bool Ended() const { return !widget_; }
-
-private:
-    static void NoteDeath(Widget, XtPointer watch, XtPointer) {
-        static_cast<LifeWatch *>(watch)->widget_ = nullptr;
-    }
-
-    Widget widget_;
-};
-
 } // namespace corvidlmw::scroll_bar
