@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <string>
 
 using namespace corvidlmw;
@@ -121,7 +122,7 @@ LmListClassRec lmListClassRec = {
             .expose = Redisplay,
             .set_values = SetValues,
             .set_values_hook = nullptr,
-            .set_values_almost = XtInheritSetValuesAlmost,
+            .set_values_almost = SetValuesAlmost,
             .get_values_hook = nullptr,
             .accept_focus = nullptr,
             .version = XtVersion,
@@ -175,7 +176,8 @@ void CvtToExternalPos(Widget w, int, XtArgVal *value) {
 }
 
 XmImportOperator CvtToInternalPos(Widget, int, XtArgVal *value) {
-    *value = static_cast<XtArgVal>(static_cast<int>(*value) - 1);
+    constexpr int lowest = std::numeric_limits<int>::min() + 1;
+    *value = static_cast<XtArgVal>(std::max(static_cast<int>(*value), lowest) - 1);
     return XmSYNTHETIC_LOAD;
 }
 

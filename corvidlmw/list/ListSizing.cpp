@@ -4,6 +4,7 @@
 #include <corvidlmw/list/LmListI.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace corvidlmw::list {
 
@@ -25,15 +26,20 @@ int RowStep(Widget w) {
     return std::max(FontHeightOf(list.font_list), 1) + list.item_spacing;
 }
 
+// What is past the largest extent need not be exact.
+int HeightOfSteps(int step, int count) {
+    constexpr std::int64_t enough = 4 * largest_extent;
+    return static_cast<int>(std::min(std::int64_t{step} * std::max(count, 0), enough));
+}
+
 // A list with rows is one gap higher than its rows need, an empty one is not.
 int HeightOfRows(Widget w, int count) {
     const auto &list = ListOf(w);
-    count = std::clamp(count, 0, largest_extent);
     if (list.element_count > 0) {
-        return RowStep(w) * count;
+        return HeightOfSteps(RowStep(w), count);
     }
     const int step = FontHeightOf(list.font_list) + list.item_spacing;
-    const int height = step == 0 ? 1 : step * count;
+    const int height = step == 0 ? 1 : HeightOfSteps(step, count);
     return count > 1 ? height - list.item_spacing : height;
 }
 
@@ -186,6 +192,13 @@ void Resize(Widget w) {
     if (HasWindow(w)) {
         SetClipRect(w);
     }
+}
+
+// A parent that refuses leaves the list in the size that it has, without another word; what the change made of
+// the size that it asked for is no longer true.
+void SetValuesAlmost(Widget old, Widget w, XtWidgetGeometry *request, XtWidgetGeometry *reply) {
+    xmPrimitiveClassRec.core_class.set_values_almost(old, w, request, reply);
+    Resize(w);
 }
 
 // ---- Negotiation ----------------------------------------------------------------------------------------

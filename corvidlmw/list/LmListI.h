@@ -44,6 +44,7 @@ struct ListState {
     bool normal_clipped_to_bars = false;     // normal_gc alone is not
     Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
     bool in_query = false;
+    std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
 };
 
 inline LmListPart &ListOf(Widget w) {
@@ -78,6 +79,10 @@ inline LmListElement &ElementOf(const LmListPart &list, int row) {
 // the keyboard can come or go there. `element_count` is always the list's own: drawing asks that one.
 inline bool IsRow(const LmListPart &list, int row) {
     return row >= 0 && row < list.element_count;
+}
+
+inline bool IsPosition(const LmListPart &list, int position) {
+    return position >= 1 && position <= list.element_count;
 }
 
 inline std::span<const int> FieldsOf(const LmListPart &list) {
@@ -269,6 +274,7 @@ Size SetDefaultSize(Widget w);
 int SetVizCount(Widget w);
 void SetNewSize(Widget w);
 void Resize(Widget w);
+void SetValuesAlmost(Widget old, Widget w, XtWidgetGeometry *request, XtWidgetGeometry *reply);
 XtGeometryResult QueryProc(Widget w, XtWidgetGeometry *request, XtWidgetGeometry *reply);
 
 // SetNewSize and both scroll bars: what ends most changes of rows.

@@ -10,7 +10,7 @@ namespace corvidlmw::list {
 namespace {
 
 bool Check(Widget w, int position) {
-    if (IsRow(ListOf(w), position - 1)) {
+    if (IsPosition(ListOf(w), position)) {
         return true;
     }
     WarnOfList(w, "Invalid item.");

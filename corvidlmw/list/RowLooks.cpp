@@ -13,7 +13,7 @@ struct Look {
 };
 
 bool Check(Widget w, int position) {
-    if (IsRow(ListOf(w), position - 1)) {
+    if (IsPosition(ListOf(w), position)) {
         return true;
     }
     WarnOfList(w, "Invalid item(s) to highlight.");

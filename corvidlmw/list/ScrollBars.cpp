@@ -20,9 +20,13 @@ int ValueIn(XtPointer call_data) {
     return static_cast<XmScrollBarCallbackStruct *>(call_data)->value;
 }
 
-void VertSliderMove(Widget, XtPointer closure, XtPointer call_data) {
+// A bar that the client exchanged for another one moves nothing any more.
+void VertSliderMove(Widget bar, XtPointer closure, XtPointer call_data) {
     const auto w = static_cast<Widget>(closure);
     auto &list = ListOf(w);
+    if (bar != list.vertical_scroll_bar) {
+        return;
+    }
     EraseCursor(w);
     list.vertical_origin = list.top_item_position = ValueIn(call_data);
     DrawList(w);
@@ -31,12 +35,17 @@ void VertSliderMove(Widget, XtPointer closure, XtPointer call_data) {
     }
 }
 
-void HorizSliderMove(Widget, XtPointer closure, XtPointer call_data) {
+// Rows can be wider than the 16 bits of x_origin reach.
+void HorizSliderMove(Widget bar, XtPointer closure, XtPointer call_data) {
+    constexpr int furthest = 32767;
     const auto w = static_cast<Widget>(closure);
     auto &list = ListOf(w);
+    if (bar != list.horizontal_scroll_bar) {
+        return;
+    }
     EraseCursor(w);
     list.horizontal_origin = ValueIn(call_data);
-    list.x_origin = CutToPosition(list.horizontal_origin);
+    list.x_origin = CutToPosition(std::min(list.horizontal_origin, furthest));
     DrawList(w);
 }
 
@@ -46,11 +55,18 @@ void UpdateHighlight(Widget, XtPointer closure, XtPointer) {
 
 void ForgetBar(Widget bar, XtPointer closure, XtPointer) {
     auto &list = ListOf(static_cast<Widget>(closure));
+    std::erase(StateOf(list).made_bars, bar);
     for (Widget *field : {&list.vertical_scroll_bar, &list.horizontal_scroll_bar}) {
         if (*field == bar) {
             *field = nullptr;
         }
     }
+}
+
+// Once, however often the bar is exchanged.
+void RememberBar(Widget w, Widget bar) {
+    XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
+    XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
 }
 
 const char *const scroll_callbacks[] = {
@@ -61,13 +77,16 @@ void ListenTo(Widget bar, Widget w, XtCallbackProc on_scroll) {
     for (const char *name : scroll_callbacks) {
         XtAddCallback(bar, name, on_scroll, w);
     }
-    XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
+    RememberBar(w, bar);
+    StateOf(w).made_bars.push_back(bar);
 }
 
-void StopListeningTo(Widget bar, Widget w, XtCallbackProc on_scroll) {
+void StopListeningTo(Widget bar, Widget w) {
     for (const char *name : scroll_callbacks) {
-        XtRemoveCallback(bar, name, on_scroll, w);
+        XtRemoveCallback(bar, name, VertSliderMove, w);
+        XtRemoveCallback(bar, name, HorizSliderMove, w);
     }
+    XtRemoveCallback(bar, XmNvalueChangedCallback, UpdateHighlight, w);
     XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
 }
 
@@ -217,28 +236,30 @@ void CreateScrollBars(Widget w) {
 
 void ReleaseScrollBars(Widget w) {
     auto &list = ListOf(w);
-    if (Widget bar = list.vertical_scroll_bar) {
-        StopListeningTo(bar, w, VertSliderMove);
-        XtRemoveCallback(bar, XmNvalueChangedCallback, UpdateHighlight, w);
+    for (Widget bar : StateOf(list).made_bars) {
+        StopListeningTo(bar, w);
     }
-    if (Widget bar = list.horizontal_scroll_bar) {
-        StopListeningTo(bar, w, HorizSliderMove);
+    for (Widget bar : {list.vertical_scroll_bar, list.horizontal_scroll_bar}) {
+        if (bar) {
+            XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
+        }
     }
 }
 
 // The client says which bars there are; those that it brings along report to the client alone.
 void ExchangeScrollBars(Widget w, const LmListPart &old) {
     auto &list = ListOf(w);
-    const auto exchange = [w](Widget old_bar, Widget bar) {
-        if (old_bar != bar && old_bar) {
-            XtRemoveCallback(old_bar, XmNdestroyCallback, ForgetBar, w);
+    const auto &made = StateOf(list).made_bars;
+    for (Widget bar : {old.vertical_scroll_bar, old.horizontal_scroll_bar}) {
+        if (bar && std::find(made.begin(), made.end(), bar) == made.end()) {
+            XtRemoveCallback(bar, XmNdestroyCallback, ForgetBar, w);
         }
-        if (old_bar != bar && bar) {
-            XtAddCallback(bar, XmNdestroyCallback, ForgetBar, w);
+    }
+    for (Widget bar : {list.vertical_scroll_bar, list.horizontal_scroll_bar}) {
+        if (bar) {
+            RememberBar(w, bar);
         }
-    };
-    exchange(old.vertical_scroll_bar, list.vertical_scroll_bar);
-    exchange(old.horizontal_scroll_bar, list.horizontal_scroll_bar);
+    }
     if (list.scrolled_window) {
         XmScrolledWindowSetAreas(list.scrolled_window, list.horizontal_scroll_bar,
                                  list.vertical_scroll_bar, w);

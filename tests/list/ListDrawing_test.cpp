@@ -4,6 +4,8 @@
 
 #include <Xm/ScrollBar.h>
 
+#include <limits>
+
 namespace {
 
 using namespace corvidlmw::test;
@@ -170,8 +172,10 @@ TEST_F(ListDrawingTest, AsksForAPixmapsSizeOnce) {
     ExpectWarning("Invalid item.");
     LmListSetPositionIcon(list, 0, icon);
     ExpectWarning("Invalid item.");
-    LmListSetPositionIndent(list, 51, 3);
-    ExpectWarning("Invalid item.");
+    for (const int position : {51, std::numeric_limits<int>::min()}) {
+        LmListSetPositionIndent(list, position, 3);
+        ExpectWarning("Invalid item.");
+    }
     XtDestroyWidget(list);
     XFreePixmap(display, icon);
 }

@@ -1,6 +1,7 @@
 // How big a list is, which bars it shows, and what they say.
 #include <tests/list/ListTest.h>
 
+#include <Xm/Form.h>
 #include <Xm/ScrollBar.h>
 
 namespace {
@@ -46,6 +47,8 @@ TEST_F(ListSizingTest, IsAsBigAsItsRows) {
     EXPECT_EQ(Get(flat, XmNvisibleItemCount), 1);
     Widget huge = Make({"x"}, {{XmNvisibleItemCount, 2'000'000'000}});
     EXPECT_EQ(huge->core.height, 32767);
+    Set(huge, {{XmNlistSpacing, 65'530}});
+    EXPECT_EQ(huge->core.height, 32767);
 }
 
 TEST_F(ListSizingTest, FollowsItsRowsAsItsPolicySays) {
@@ -71,6 +74,22 @@ TEST_F(ListSizingTest, KnowsItsWidestRowWhileIconsAndIndentsChange) {
     Set(list, {{XmNindentIcons, False}});
     LmListSetPositionIcon(list, 1, None);
     EXPECT_EQ(PartOf(list).max_width, 60 + 18);
+}
+
+// What the list made of the size that it asked for would leave the last rows out of reach.
+TEST_F(ListSizingTest, ShowsWhatFitsWhereItsParentRefuses) {
+    Widget form =
+        XtVaCreateManagedWidget("form", xmFormWidgetClass, board, XmNresizePolicy, XmRESIZE_NONE,
+                                XmNwidth, 200, XmNheight, 8 * pitch + frame, nullptr);
+    board = form;
+    Widget list = MakeScrolled(Numbered(30), {{XmNvisibleItemCount, 8}});
+    for (const char *side : {XmNtopAttachment, XmNbottomAttachment})
+        Set(XtParent(list), {{side, XmATTACH_FORM}});
+    Show();
+    Set(list, {{XmNvisibleItemCount, 20}});
+    EXPECT_EQ(list->core.height, 8 * pitch + frame);
+    EXPECT_EQ(Get(list, XmNvisibleItemCount), 8);
+    EXPECT_EQ(BarOf(PartOf(list).vertical_scroll_bar), (Shown{0, 8, 30}));
 }
 
 // ---- Bars -----------------------------------------------------------------------------------------------
@@ -178,6 +197,16 @@ TEST_F(ListSizingTest, ScrollsByItsBars) {
     ASSERT_EQ(static_cast<int>(texts.size()), rows);
     EXPECT_TRUE(texts[0].text.ends_with("w" + std::to_string(100'000 - rows - 1)));
     EXPECT_EQ(texts[0].numbers[0], 7 - 10);
+}
+
+// The place is kept in 16 bits.
+TEST_F(ListSizingTest, ScrollsAsFarAsItCountsSideways) {
+    Widget list = MakeScrolled({std::string(10'000, 'w')},
+                               {{XmNlistSizePolicy, XmCONSTANT}, {XmNwidth, 120}});
+    Show();
+    Widget bar = PartOf(list).horizontal_scroll_bar;
+    Click(bar, bar->core.width - 6, 6, Button1, ControlMask);
+    EXPECT_EQ(PartOf(list).x_origin, 32767);
 }
 
 // What a change leaves as it was is not said again.
