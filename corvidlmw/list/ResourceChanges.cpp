@@ -2,7 +2,8 @@
 //
 // Rows and selected rows that a client gives are taken out of the record before anything else happens: the
 // record holds what the list has until it takes over the new ones, and so all that runs in between finds
-// arrays and counts that belong together.
+// arrays and counts that belong together. What is given can be a part of either array of the list's own,
+// so both are copied before the first of those goes.
 
 #include <corvidlmw/list/LmListI.h>
 
@@ -109,6 +110,8 @@ struct GivenStrings {
     XmString *strings = nullptr;
     int count = 0;
     bool changed = false;
+    bool too_long = false; // for the array of the list's own that it is a part of
+    std::vector<OwnedXmString> copies;
 };
 
 // One XtSetValues.
@@ -126,7 +129,9 @@ struct Change {
 };
 
 GivenStrings TakeOut(XmString *&strings, int &count, XmString *old_strings, int old_count) {
-    const GivenStrings given{strings, count, strings != old_strings || count != old_count};
+    GivenStrings given{.strings = strings,
+                       .count = count,
+                       .changed = strings != old_strings || count != old_count};
     strings = old_strings;
     count = old_count;
     return given;
@@ -136,6 +141,22 @@ GivenStrings TakeOut(XmString *&strings, int &count, XmString *old_strings, int 
 bool ReachesPastOwn(const GivenStrings &given, XmString *own, int own_count) {
     return own && given.strings >= own && given.strings < own + own_count &&
            given.count > own + own_count - given.strings;
+}
+
+void CopyGiven(const LmListPart &list, GivenStrings &given) {
+    given.too_long = ReachesPastOwn(given, list.items, list.item_count) ||
+                     ReachesPastOwn(given, list.selected_items, list.selected_item_count);
+    if (given.changed && given.strings && given.count > 0 && !given.too_long) {
+        given.copies.reserve(static_cast<std::size_t>(given.count));
+        for (XmString string : std::span(given.strings, static_cast<std::size_t>(given.count))) {
+            given.copies.emplace_back(XmStringCopy(string));
+        }
+    }
+}
+
+void CopyStrings(Change &change) {
+    CopyGiven(change.list(), change.items);
+    CopyGiven(change.list(), change.selected_items);
 }
 
 void ChangeIcons(Change &change) {
@@ -242,28 +263,26 @@ void ChangeSensitivity(Change &change) {
 
 // ---- Selected items ---------------------------------------------------------------------------------------
 
-void InstallSelectedItems(LmListPart &list, const GivenStrings &given) {
-    XmString *copies = nullptr;
-    if (given.count > 0) {
-        copies = static_cast<XmString *>(
-            static_cast<void *>(XtCalloc(static_cast<Cardinal>(given.count), sizeof(XmString))));
-        std::transform(given.strings, given.strings + given.count, copies, XmStringCopy);
-    }
+void InstallSelectedItems(LmListPart &list, GivenStrings &given) {
     ClearSelectedList(list);
-    list.selected_items = copies;
-    list.selected_item_count = given.count;
+    if (given.count > 0) {
+        list.selected_items = static_cast<XmString *>(
+            static_cast<void *>(XtCalloc(static_cast<Cardinal>(given.count), sizeof(XmString))));
+        std::transform(given.copies.begin(), given.copies.end(), list.selected_items,
+                       [](OwnedXmString &copy) { return copy.release(); });
+        list.selected_item_count = given.count;
+    }
 }
 
 void ChangeSelectedItems(Change &change) {
     auto &list = change.list();
-    const GivenStrings &given = change.selected_items;
+    GivenStrings &given = change.selected_items;
     if (!given.changed) {
         return;
     }
     if (given.count > 0 && !given.strings) {
         WarnOfList(change.w, _XmMsgList_0011);
-    } else if (given.count < 0 ||
-               ReachesPastOwn(given, list.selected_items, list.selected_item_count)) {
+    } else if (given.count < 0 || given.too_long) {
         WarnOfList(change.w, _XmMsgList_0010);
     } else {
         InstallSelectedItems(list, given);
@@ -273,15 +292,16 @@ void ChangeSelectedItems(Change &change) {
 
 // ---- Items ------------------------------------------------------------------------------------------------
 
-// The strings can be the list's own: they are copied before those go.
 void InstallItems(Widget w, const GivenStrings &given) {
     auto &list = ListOf(w);
-    std::vector<XmString> copies(static_cast<std::size_t>(given.count));
-    std::transform(given.strings, given.strings + given.count, copies.begin(), XmStringCopy);
+    std::vector<XmString> strings;
+    strings.reserve(given.copies.size());
+    for (const OwnedXmString &copy : given.copies) {
+        strings.push_back(copy.get());
+    }
     const int top = list.top_item_position;
     RemoveAllRows(w);
-    InsertRows(w, 0, copies.data(), given.count, Selection::Nothing);
-    std::for_each(copies.begin(), copies.end(), XmStringFree);
+    InsertRows(w, 0, strings.data(), given.count, Selection::Nothing);
     list.top_item_position = top;
     if (top > given.count - list.visible_item_count) {
         list.top_item_position = std::max(given.count - list.visible_item_count, 0);
@@ -297,7 +317,7 @@ void ChangeItems(Change &change) {
         return;
     }
     DropFields(list);
-    if (given.count < 0 || ReachesPastOwn(given, list.items, list.item_count)) {
+    if (given.count < 0 || given.too_long) {
         WarnOfList(change.w, _XmMsgList_0006);
     } else if (given.count > 0 && !given.strings) {
         WarnOfList(change.w, _XmMsgList_0009);
@@ -410,9 +430,9 @@ void TellBars(Widget w) {
 }
 
 constexpr void (*steps[])(Change &) = {
-    ChangeIcons,        ChangePolicies,    ChangeBars,          ChangeMargins, ChangeSpacing,
-    ChangeVisibleCount, ChangeSensitivity, ChangeSelectedItems, ChangeItems,   ChangeLooks,
-    ChangeTop,          ChangeUpdate,      TakeSelection,       TakeSize};
+    CopyStrings,   ChangeIcons,        ChangePolicies,    ChangeBars,          ChangeMargins,
+    ChangeSpacing, ChangeVisibleCount, ChangeSensitivity, ChangeSelectedItems, ChangeItems,
+    ChangeLooks,   ChangeTop,          ChangeUpdate,      TakeSelection,       TakeSize};
 
 } // namespace
 

@@ -117,6 +117,17 @@ TEST_F(ListTest, TakesItsOwnArrays) {
     Set(list, {{XmNitems, reinterpret_cast<XtArgVal>(selected)}, {XmNitemCount, 1}});
     EXPECT_EQ(ItemsOf(list), Texts{"row 2"});
     EXPECT_EQ(SelectedRows(list), std::vector{0});
+
+    // All rows but the selected ones go, and the selection with them.
+    Strings rows(Numbered(6));
+    Set(list, rows.Items());
+    selected = Get<XmString *>(list, XmNselectedItems);
+    Set(list, {{XmNitems, reinterpret_cast<XtArgVal>(selected)},
+               {XmNitemCount, 1},
+               {XmNselectedItems, 0},
+               {XmNselectedItemCount, 0}});
+    EXPECT_EQ(ItemsOf(list), Texts{"row 2"});
+    EXPECT_TRUE(SelectedRows(list).empty());
 }
 
 TEST_F(ListTest, RefusesBadChangesAndKeepsWhatItHas) {
@@ -240,6 +251,18 @@ TEST_F(ListTest, ItsBarsOutliveItAndItOutlivesThem) {
     Show();
     Widget bar = PartOf(list).vertical_scroll_bar;
     ASSERT_TRUE(bar && XtIsManaged(bar));
+    XtDestroyWidget(list);
+    Click(bar, 7, bar->core.height - 5);
+
+    // Nor does one reach it that the client exchanged.
+    list =
+        XtVaCreateManagedWidget("list", lmListWidgetClass, window, XmNvisibleItemCount, 5, nullptr);
+    Set(list, rows.Items());
+    bar = PartOf(list).vertical_scroll_bar;
+    Set(list, {{XmNverticalScrollBar, 0}});
+    XtVaSetValues(bar, XmNvalue, 7, nullptr);
+    Click(bar, 7, bar->core.height - 5);
+    EXPECT_EQ(Get(list, XmNtopItemPosition), 1);
     XtDestroyWidget(list);
     Click(bar, 7, bar->core.height - 5);
 
