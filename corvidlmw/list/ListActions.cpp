@@ -75,13 +75,13 @@ XtActionsRec list_actions[] = {
     {Name("ListEnter"), ListEnter},
     {Name("ListLeave"), ListLeave},
     {Name("ListScrollCursorVisible"), PassOver},
-    {Name("ListCopyToClipboard"), PassOver},
-    {Name("ListProcessDrag"), PassOver},
+    {Name("ListCopyToClipboard"), ListCopyToClipboard},
+    {Name("ListProcessDrag"), ListProcessDrag},
     // What the translations of toolkit 2.3 name beyond these.
-    {Name("ListProcessBtn1"), PassOver},
-    {Name("ListProcessBtn2"), PassOver},
-    {Name("ListScrollUp"), PassOver},
-    {Name("ListScrollDown"), PassOver},
+    {Name("ListProcessBtn1"), ListProcessBtn1},
+    {Name("ListProcessBtn2"), ListProcessBtn2},
+    {Name("ListScrollUp"), ListScrollUp},
+    {Name("ListScrollDown"), ListScrollDown},
     {Name("ListQuickNavigate"), PassOver},
 };
 // clang-format on

@@ -13,11 +13,35 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace corvidlmw::list {
 
 // ---- Records ------------------------------------------------------------------------------------
+
+// A press of the first button that can still become a drag.
+struct WaitingPress {
+    XEvent event{};
+    std::string action; // that the press would run
+    XtIntervalId timer = 0;
+
+    WaitingPress() = default;
+    ~WaitingPress() {
+        if (timer) {
+            XtRemoveTimeOut(timer);
+        }
+    }
+    WaitingPress(const WaitingPress &) = delete;
+    WaitingPress &operator=(const WaitingPress &) = delete;
+};
+
+struct LmListTransfer;
+
+struct RunningDrag {
+    Widget context = nullptr;
+    LmListTransfer *transfer = nullptr;
+};
 
 // Behind the part's `internal`: what the part's fields are kept by.
 struct ListState {
@@ -45,6 +69,8 @@ struct ListState {
     Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
     bool in_query = false;
     std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
+    std::optional<WaitingPress> waiting_press;
+    RunningDrag drag;
 };
 
 inline LmListPart &ListOf(Widget w) {
@@ -306,7 +332,12 @@ Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Ca
 
 void DropFields(LmListPart &list);
 
-// ---- Actions (ListActions.cpp, Focus.cpp) -----------------------------------------------------------------
+// ---- Transfer (Transfer.cpp) --------------------------------------------------------------------------------
+
+// Of a list that dies.
+void CancelDrag(Widget w);
+
+// ---- Actions (ListActions.cpp and where they are written) ---------------------------------------------------
 
 extern XtActionsRec list_actions[];
 extern const Cardinal num_list_actions;
@@ -316,5 +347,11 @@ Action ListEnter;
 Action ListLeave;
 Action ListFocusIn;
 Action ListFocusOut;
+Action ListCopyToClipboard;
+Action ListProcessDrag;
+Action ListProcessBtn1;
+Action ListProcessBtn2;
+Action ListScrollUp;
+Action ListScrollDown;
 
 } // namespace corvidlmw::list

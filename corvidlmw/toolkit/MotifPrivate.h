@@ -87,6 +87,10 @@ unsigned char _XmGetFocusPolicy(Widget w);
 // The colour of what is selected, as a resource's default procedure.
 void _XmSelectColorDefault(Widget w, int offset, XrmValue *value);
 
+// Converts the compound string that `from->addr` is to compound text, which is the caller's; NULL if it
+// has no text. False if that cannot be.
+Boolean _XmCvtXmStringToCT(XrmValue *from, XrmValue *to);
+
 // The toolkit's words about lists.
 extern const char *_XmMsgList_0000; // visibleItemCount is below 1
 extern const char *_XmMsgList_0005; // listSizePolicy is fixed after creation

@@ -8,6 +8,7 @@
 #include <X11/StringDefs.h>
 
 #include <algorithm>
+#include <atomic>
 #include <clocale>
 #include <string>
 #include <thread>
@@ -236,6 +237,33 @@ void DisplayTest::Drag(Widget widget, XPoint from, XPoint to, unsigned int butto
     }
     Release(button);
     ReleaseModifiers(modifiers);
+}
+
+// The toolkit's loops wait for input, so it comes from a thread of its own, at a person's pace.
+void DisplayTest::DragAndDrop(Widget from, XPoint start, Widget to, XPoint end, unsigned int button,
+                              const std::function<bool()> &dropped) {
+    const Window source = WindowOf(from);
+    const Window target = WindowOf(to);
+    MoveTo(from, start.x, start.y);
+    std::atomic<bool> let_go = false;
+    std::thread hand([=, &let_go] {
+        const auto pause = [] { std::this_thread::sleep_for(std::chrono::milliseconds(30)); };
+        input::SetButton(button, true);
+        for (short step = 1; step <= 4; step++) {
+            pause();
+            input::MovePointer(source, start.x + 4 * step, start.y);
+        }
+        for (short step = 2; step >= 0; step--) {
+            pause();
+            input::MovePointer(target, end.x + 4 * step, end.y);
+        }
+        pause();
+        input::SetButton(button, false);
+        let_go = true;
+    });
+    EXPECT_TRUE(PumpUntil([&] { return let_go && dropped(); })) << "nothing was dropped";
+    hand.join();
+    RunWorkProcs();
 }
 
 void DisplayTest::Key(KeySym keysym, unsigned int modifiers) {

@@ -74,6 +74,10 @@ protected:
     void Drag(Widget widget, XPoint from, XPoint to, unsigned int button = Button1,
               unsigned int modifiers = 0, int steps = 4);
     // Types a key with modifiers: a sum of ShiftMask, ControlMask, Mod1Mask (the toolkit's Meta).
+    // Drags and drops with the toolkit's own machinery, which may run its own loops meanwhile; ends when
+    // `dropped` holds, or fails.
+    void DragAndDrop(Widget from, XPoint start, Widget to, XPoint end, unsigned int button,
+                     const std::function<bool()> &dropped);
     void Key(KeySym keysym, unsigned int modifiers = 0);
     // The next event comes at least this much later by the server's clock: for clicks that must not
     // make a double click. A pause is a part of what a user does, never a way to wait for a result.

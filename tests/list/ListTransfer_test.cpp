@@ -1,0 +1,184 @@
+// What the list gives to other programs: the clipboard, and drags by real pointer motion.
+
+#include <tests/list/ListTest.h>
+
+#include <Xm/AtomMgr.h>
+#include <Xm/CutPaste.h>
+#include <Xm/DisplayP.h>
+#include <Xm/DragDrop.h>
+#include <Xm/Text.h>
+
+#include <map>
+
+using namespace corvidlmw::test;
+
+namespace {
+
+class ListTransferTest : public ListTest {
+protected:
+    static constexpr int row_pitch = 17;
+    static XPoint InRow(int row) { return {30, static_cast<short>(12 + row * row_pitch)}; }
+
+    void TearDown() override {
+        SetBtn1Transfer(XmOFF);
+        ListTest::TearDown();
+    }
+
+    void SetBtn1Transfer(int value) {
+        auto *toolkit = reinterpret_cast<XmDisplay>(XmGetXmDisplay(display));
+        toolkit->display.enable_btn1_transfer = static_cast<XtEnum>(value);
+    }
+
+    void Call(Widget w, const char *action) {
+        XEvent event{};
+        event.xkey = {.type = KeyPress, .display = display, .window = XtWindow(w), .time = 0};
+        event.xkey.time = XtLastTimestampProcessed(display);
+        XtCallActionProc(w, action, &event, nullptr, 0);
+    }
+
+    // As another client of the same server does it, while this one answers.
+    std::string ReadClipboard() {
+        Display *other = XServer::Instance().robot();
+        const Atom clipboard = XInternAtom(other, "CLIPBOARD", False);
+        const Window window =
+            XCreateSimpleWindow(other, DefaultRootWindow(other), 0, 0, 1, 1, 0, 0, 0);
+        XConvertSelection(other, clipboard, XInternAtom(other, "COMPOUND_TEXT", False), clipboard,
+                          window, CurrentTime);
+        XEvent answer{};
+        EXPECT_TRUE(PumpUntil(
+            [&] { return XCheckTypedWindowEvent(other, window, SelectionNotify, &answer); }));
+        Atom type;
+        int format = 0;
+        unsigned long size = 0;
+        unsigned long rest = 0;
+        unsigned char *data = nullptr;
+        XGetWindowProperty(other, window, clipboard, 0, 1024, True, AnyPropertyType, &type, &format,
+                           &size, &rest, &data);
+        std::string text(reinterpret_cast<char *>(data), data ? size : 0);
+        XFree(data);
+        XDestroyWindow(other, window);
+        return text;
+    }
+
+    Widget MakeText() {
+        Widget text =
+            XtVaCreateManagedWidget("text", xmTextWidgetClass, board, XmNx, 300, XmNeditMode,
+                                    XmMULTI_LINE_EDIT, XmNrows, 10, XmNcolumns, 30, nullptr);
+        return text;
+    }
+
+    std::string In(Widget text) {
+        char *value = XmTextGetString(text);
+        std::string copy = value;
+        XtFree(value);
+        return copy;
+    }
+
+    std::string DropOn(Widget text, Widget list, int row, unsigned button = Button2) {
+        XmTextSetString(text, Name(""));
+        DragAndDrop(list, InRow(row), text, {40, 40}, button, [&] { return In(text) != ""; });
+        return In(text);
+    }
+};
+
+const Settings many_selected = {{XmNselectionPolicy, XmMULTIPLE_SELECT}, {XmNvisibleItemCount, 6}};
+const Texts fruits = {"apple", "pear", "pl\xc3\xbcm", "apple"};
+
+} // namespace
+
+TEST_F(ListTransferTest, CopiesWhatIsSelectedToTheClipboardAsLines) {
+    Widget list = Make(fruits, many_selected);
+    Strings chosen({"pl\xc3\xbcm", "apple"});
+    Set(list, chosen.Selected());
+    Show();
+    Call(list, "ListCopyToClipboard");
+    const std::string copied = ReadClipboard();
+    EXPECT_EQ(copied, std::string("pl\xfcm\napple\n\0", 12));
+
+    Set(list, {{XmNselectedItemCount, 0}});
+    Call(list, "ListCopyToClipboard");
+    EXPECT_EQ(ReadClipboard(), copied) << "nothing was selected";
+}
+
+TEST_F(ListTransferTest, DropsTheRowUnderThePointerOrAllSelectedOnes) {
+    Widget list = Make(fruits, many_selected);
+    Widget text = MakeText();
+    Show();
+    EXPECT_EQ(DropOn(text, list, 1), "pear\n");
+    EXPECT_TRUE(SelectedRows(list).empty());
+
+    Strings chosen({"apple"});
+    Set(list, chosen.Selected());
+    EXPECT_EQ(DropOn(text, list, 3), "apple\napple\n");
+    EXPECT_EQ(SelectedRows(list), (std::vector{0, 3}));
+}
+
+// The toolkit would go on to use a widget that is gone. Nothing helps where it also had the keyboard when
+// the drag began: the toolkit gives it back afterwards without a look.
+TEST_F(ListTransferTest, EndsItsDragWhenItDies) {
+    Widget list = Make(fruits, many_selected);
+    Widget text = MakeText();
+    Show();
+    XmProcessTraversal(text, XmTRAVERSE_CURRENT);
+    XtAppAddTimeOut(
+        app, 140, [](XtPointer w, XtIntervalId *) { XtDestroyWidget(static_cast<Widget>(w)); },
+        list);
+    DragAndDrop(list, InRow(1), text, {40, 40}, Button2, [] { return true; });
+    EXPECT_EQ(In(text), "");
+
+    Widget next = Make(fruits, many_selected);
+    EXPECT_EQ(DropOn(text, next, 1), "pear\n");
+}
+
+TEST_F(ListTransferTest, DragsWithTheFirstButtonWhatIsSelectedWhereTheDisplaySaysSo) {
+    SetBtn1Transfer(XmBUTTON2_ADJUST);
+    Widget list = Make(fruits, many_selected);
+    Strings chosen({"apple"});
+    Set(list, chosen.Selected());
+    Widget text = MakeText();
+    Show();
+    EXPECT_EQ(DropOn(text, list, 0, Button1), "apple\napple\n");
+}
+
+namespace {
+
+// What a drop site was given, by target.
+std::map<Atom, std::vector<Atom>> transferred;
+
+void Take(Widget, XtPointer target, Atom *, Atom *, XtPointer value, unsigned long *length, int *) {
+    const auto *atoms = static_cast<Atom *>(value);
+    transferred[reinterpret_cast<Atom>(target)] =
+        atoms ? std::vector<Atom>(atoms, atoms + *length) : std::vector<Atom>();
+    XtFree(static_cast<char *>(value));
+}
+
+void AskForTargetsAndTimestamp(Widget w, XtPointer, XtPointer call_data) {
+    Atom names[] = {XInternAtom(XtDisplay(w), "TARGETS", False),
+                    XInternAtom(XtDisplay(w), "TIMESTAMP", False)};
+    XmDropTransferEntryRec entries[] = {{reinterpret_cast<XtPointer>(names[0]), names[0]},
+                                        {reinterpret_cast<XtPointer>(names[1]), names[1]}};
+    Arg args[] = {{Name(XmNdropTransfers), reinterpret_cast<XtArgVal>(entries)},
+                  {Name(XmNnumDropTransfers), 2},
+                  {Name(XmNtransferProc), reinterpret_cast<XtArgVal>(Take)}};
+    XmDropTransferStart(static_cast<XmDropProcCallback>(call_data)->dragContext, args, 3);
+}
+
+} // namespace
+
+TEST_F(ListTransferTest, OffersADropSiteThreeTargetsAndRefusesTheTimestamp) {
+    Widget list = Make(fruits, many_selected);
+    Widget site = XtVaCreateManagedWidget("site", xmBulletinBoardWidgetClass, board, XmNx, 300,
+                                          XmNwidth, 100, XmNheight, 100, nullptr);
+    const auto atom = [this](const char *name) { return XInternAtom(display, name, False); };
+    Atom wanted = atom("COMPOUND_TEXT");
+    Arg args[] = {{Name(XmNimportTargets), reinterpret_cast<XtArgVal>(&wanted)},
+                  {Name(XmNnumImportTargets), 1},
+                  {Name(XmNdropProc), reinterpret_cast<XtArgVal>(AskForTargetsAndTimestamp)}};
+    XmDropSiteRegister(site, args, 3);
+    Show();
+    transferred.clear();
+    DragAndDrop(list, InRow(1), site, {40, 40}, Button2, [] { return transferred.size() == 2; });
+    EXPECT_EQ(transferred[atom("TARGETS")],
+              (std::vector{atom("TARGETS"), atom("TIMESTAMP"), atom("COMPOUND_TEXT")}));
+    EXPECT_TRUE(transferred[atom("TIMESTAMP")].empty());
+}
