@@ -18,12 +18,20 @@ namespace {
 
 // ---- Primitives -----------------------------------------------------------------------------------
 
-void ClearArea(Widget w, const Rectangle &r, Boolean exposures = False) {
+void ClearArea(Widget w, const Rectangle &area, Boolean exposures = False) {
+    const Rectangle r = WithinShadow(FrameOf(w), area);
     // The server takes an extent of 0 for all that is left of the window.
     if (!IsEmpty(r)) {
         XClearArea(XtDisplay(w), XtWindow(w), r.x, r.y, static_cast<unsigned>(r.width),
                    static_cast<unsigned>(r.height), exposures);
     }
+}
+
+void ClearBorder(Widget w, const Rectangle &r, int thickness) {
+    ClearArea(w, {r.x, r.y, r.width, thickness});
+    ClearArea(w, {r.x, r.y + r.height - thickness, r.width, thickness});
+    ClearArea(w, {r.x, r.y, thickness, r.height});
+    ClearArea(w, {r.x + r.width - thickness, r.y, thickness, r.height});
 }
 
 void FillArea(Widget w, GC gc, const Rectangle &r) {
@@ -328,16 +336,14 @@ void DrawHighlight(Widget w, int row, bool on) {
     if (IsEmpty(cursor)) {
         return;
     }
-    const auto x = CutToPosition(cursor.x);
-    const auto y = CutToPosition(cursor.y);
-    const auto width = CutToDimension(cursor.width);
-    const auto height = CutToDimension(cursor.height);
     const Dimension thickness = PrimitiveOf(w).highlight_thickness;
     if (on) {
-        _XmDrawHighlight(XtDisplay(w), XtWindow(w), list.highlight_gc, x, y, width, height,
-                         thickness, list.add_mode ? LineOnOffDash : LineSolid);
+        _XmDrawHighlight(XtDisplay(w), XtWindow(w), list.highlight_gc, CutToPosition(cursor.x),
+                         CutToPosition(cursor.y), CutToDimension(cursor.width),
+                         CutToDimension(cursor.height), thickness,
+                         list.add_mode ? LineOnOffDash : LineSolid);
     } else {
-        XmeClearBorder(XtDisplay(w), XtWindow(w), x, y, width, height, thickness);
+        ClearBorder(w, cursor, thickness);
     }
 }
 

@@ -45,6 +45,13 @@ Rectangle BarArea(const Frame &frame) {
     return {edge, edge, std::max(frame.width - 2 * edge, 0), std::max(frame.height - 2 * edge, 0)};
 }
 
+Rectangle WithinShadow(const Frame &frame, const Rectangle &r) {
+    const int x = std::max(r.x, frame.shadow);
+    const int y = std::max(r.y, frame.shadow);
+    return {x, y, std::min(r.x + r.width, frame.width - frame.shadow) - x,
+            std::min(r.y + r.height, frame.height - frame.shadow) - y};
+}
+
 // ---- Rows -----------------------------------------------------------------------------------------
 
 int RowsThatFit(int list_height, int row_step) {

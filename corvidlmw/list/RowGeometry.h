@@ -42,6 +42,8 @@ constexpr int ListHeight(const Frame &frame) {
 Rectangle InnerArea(const Frame &frame);
 // What bars are clipped to: all but the frame itself.
 Rectangle BarArea(const Frame &frame);
+// What is cleared of a rectangle: all but the shadow around the list, which rows' boxes can reach into.
+Rectangle WithinShadow(const Frame &frame, const Rectangle &r);
 
 // ---- Rows -----------------------------------------------------------------------------------------
 

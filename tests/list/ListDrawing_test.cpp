@@ -89,6 +89,36 @@ TEST_F(ListDrawingTest, PaintsRowsThenTheRestThenBars) {
     EXPECT_EQ(picture.At(middle, 38), dark) << "the bar's lower edge is whole";
 }
 
+// Boxes of rows reach below and beside the list where there is no highlight around rows or they run from
+// right to left, and the cursor does in a list that is scrolled sideways.
+TEST_F(ListDrawingTest, LeavesItsFrameWhole) {
+    const auto frame_of = [](Widget list, const Picture &picture) {
+        std::vector<Pixel> frame;
+        for (int y = 0; y < list->core.height; y++)
+            for (int x = list->core.width - 2; x < list->core.width; x++)
+                frame.push_back(picture.At(x, y));
+        for (int x = 0; x < list->core.width; x++)
+            frame.push_back(picture.At(x, list->core.height - 2));
+        return frame;
+    };
+    for (const Settings &settings :
+         {Settings{{XmNhighlightThickness, 0}},
+          Settings{{XmNstringDirection, XmSTRING_DIRECTION_R_TO_L}, {XmNwidth, 200}},
+          Settings{{XmNtraversalOn, True}}}) {
+        Widget list = MakeWithSelection(Numbered(3, "long row "), {"long row 2"}, settings);
+        Show();
+        PartOf(list).x_origin = settings[0].first == XmNtraversalOn ? 6 : 0;
+        XmProcessTraversal(list, XmTRAVERSE_CURRENT);
+        ShowAnew(list);
+        Set(list, {{XmNtopItemPosition, 2}});
+        const Picture drawn = Picture::Of(list);
+        Set(list, {{XmNupdate, False}});
+        ShowAnew(list);
+        EXPECT_EQ(frame_of(list, drawn), frame_of(list, Picture::Of(list))) << settings[0].first;
+        XtDestroyWidget(list);
+    }
+}
+
 TEST_F(ListDrawingTest, ScrollsSidewaysWithinItsInnerArea) {
     Widget list = MakeWithSelection({"a long row without an end", "b"}, {"b"});
     Show();
