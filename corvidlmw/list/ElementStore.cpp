@@ -9,7 +9,7 @@
 #include <corvidlmw/list/LmListI.h>
 
 #include <algorithm>
-#include <cassert>
+#include <iterator>
 
 namespace corvidlmw::list {
 
@@ -99,9 +99,13 @@ void FreeElement(Widget w, LmListElement *element) {
 }
 
 // A taller row makes all rows taller, at once.
-void GrowRows(LmListPart &list) {
-    const int tallest = StateOf(list).heights.HighestOr(0);
-    list.max_item_height = std::max(list.max_item_height, CutToDimension(tallest));
+void GrowRows(Widget w) {
+    auto &list = ListOf(w);
+    const Dimension tallest = CutToDimension(StateOf(list).heights.HighestOr(0));
+    if (tallest > list.max_item_height) {
+        ClearForHeight(w);
+        list.max_item_height = tallest;
+    }
     if (StateOf(list).pitch != PitchOf(list)) {
         RebuildHeights(list);
     }
@@ -119,12 +123,6 @@ void SelectNewRows(LmListPart &list, int row, int count) {
     }
 }
 
-std::vector<XmString> CopyStrings(const XmString *strings, int count) {
-    std::vector<XmString> copies(static_cast<std::size_t>(count));
-    std::transform(strings, strings + count, copies.begin(), XmStringCopy);
-    return copies;
-}
-
 } // namespace
 
 // ---- Rows come ------------------------------------------------------------------------------------
@@ -135,7 +133,7 @@ void InsertRows(Widget w, int row, const XmString *strings, int count, Selection
     if (count < 1) {
         return;
     }
-    const std::vector<XmString> copies = CopyStrings(strings, count);
+    std::vector<OwnedXmString> copies = CopiesOf(strings, count);
     ShiftHeights(list, row, count);
     state.items.Open(row, count);
     state.elements.Open(row, count);
@@ -143,11 +141,11 @@ void InsertRows(Widget w, int row, const XmString *strings, int count, Selection
     state.unsettled.InsertRows(row, count);
     ShowArrays(list);
     for (int i = 0; i < count; i++) {
-        list.items[row + i] = copies[static_cast<std::size_t>(i)];
+        list.items[row + i] = copies[static_cast<std::size_t>(i)].release();
         list.elements[row + i] = MakeElement(list, list.items[row + i]);
     }
     NumberHeights(list, row, count);
-    GrowRows(list);
+    GrowRows(w);
     if (selection == Selection::ByMembership) {
         SelectNewRows(list, row, count);
     }
@@ -173,9 +171,14 @@ void RemoveRows(Widget w, int row, int count) {
     ShiftHeights(list, row, -count);
 }
 
-// One pass over the arrays, whose rows all move anyhow.
+// Rows that follow each other are a run. Others take one pass over the arrays, whose rows all move anyhow.
 void RemoveRowSet(Widget w, const RowSet &rows) {
     auto &list = ListOf(w);
+    const int first = rows.Next(0);
+    if (rows.empty() || rows.LastBefore(list.element_count) - first + 1 == rows.size()) {
+        RemoveRows(w, first, rows.size());
+        return;
+    }
     auto &state = StateOf(list);
     RowSet selected;
     RowSet unsettled;
@@ -231,7 +234,7 @@ void ReplaceRow(Widget w, int row, XmString string, Selection selection) {
         SelectIfAmong(list, row);
     }
     if (element.height > list.max_item_height) {
-        GrowRows(list);
+        GrowRows(w);
     }
 }
 
@@ -248,6 +251,14 @@ void DropLook(Widget w, LmListElement &element) {
 }
 
 // ---- Strings --------------------------------------------------------------------------------------
+
+std::vector<OwnedXmString> CopiesOf(const XmString *strings, int count) {
+    std::vector<OwnedXmString> copies;
+    copies.reserve(static_cast<std::size_t>(count));
+    std::transform(strings, strings + count, std::back_inserter(copies),
+                   [](XmString string) { return OwnedXmString(XmStringCopy(string)); });
+    return copies;
+}
 
 int FindRow(const LmListPart &list, XmString string, int from) {
     for (int row = std::max(from, 0); row < list.item_count; row++) {

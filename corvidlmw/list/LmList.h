@@ -18,7 +18,8 @@
  * XmNselectedItems is the list's own and is valid until the list's next change.
  *
  * All functions belong to the toolkit's thread. Lengths are in pixels. A `list` that is NULL or of
- * another class is passed over in silence.
+ * another class is passed over in silence. Strings are equal if XmStringCompare finds them so, and an array
+ * of strings that is passed in can be one of the list's own.
  */
 #ifndef CORVIDLMW_LIST_LMLIST_H
 #define CORVIDLMW_LIST_LMLIST_H
@@ -278,6 +279,152 @@ CORVIDLMW_EXPORT Widget LmCreateList(Widget parent, char *name, ArgList args, Ca
  * is destroyed together with the list. */
 CORVIDLMW_EXPORT Widget LmCreateScrolledList(Widget parent, char *name, ArgList args,
                                              Cardinal arg_count);
+
+/* ---- Adding items ---------------------------------------------------------------------------------- */
+
+/* Inserts a copy of `item` before the row that is now at `position`, or behind the last row if there is no
+ * such position; 0 is the usual one for that. A row that is equal to one of XmNselectedItems comes selected.
+ * This one call leaves the list's size and the vertical scroll bar as they are: the next change that asks
+ * for them brings them up to date. A NULL item is a row without text. */
+CORVIDLMW_EXPORT void LmListAddItem(Widget list, XmString item, int position);
+
+/* The same, for a row that comes unselected; size and scroll bars follow. */
+CORVIDLMW_EXPORT void LmListAddItemUnselected(Widget list, XmString item, int position);
+
+/* Insert `count` items in their order, in one change. With a NULL array or a count below 1 nothing
+ * happens. */
+CORVIDLMW_EXPORT void LmListAddItems(Widget list, XmString *items, int count, int position);
+CORVIDLMW_EXPORT void LmListAddItemsUnselected(Widget list, XmString *items, int count,
+                                               int position);
+
+/* ---- Deleting items -------------------------------------------------------------------------------- */
+
+/* Deletes the first row that is equal to `item`. If there is none, a warning. */
+CORVIDLMW_EXPORT void LmListDeleteItem(Widget list, XmString item);
+
+/* Deletes, for each of `count` items, the first row equal to it that is left. Each that is not found draws a
+ * warning and the others go on. The array can be the list's own, such as XmNselectedItems. A location cursor
+ * at the first row is at no row when that one is deleted. */
+CORVIDLMW_EXPORT void LmListDeleteItems(Widget list, XmString *items, int count);
+
+/* Deletes the row at `position`; the last one for 0 and below. Past the end it draws a warning; in an empty
+ * list nothing happens. */
+CORVIDLMW_EXPORT void LmListDeletePos(Widget list, int position);
+
+/* Deletes the rows at `count` positions, each of them as it is before the call; one given twice counts once.
+ * Each that there is not draws a warning, is set to -1 in the array, and the others go on. In an empty list
+ * nothing happens. */
+CORVIDLMW_EXPORT void LmListDeletePositions(Widget list, int *positions, int count);
+
+/* Deletes `count` rows from `position` on, or those that there are. A position that there is not draws a
+ * warning; with a count below 1 and in an empty list nothing happens. */
+CORVIDLMW_EXPORT void LmListDeleteItemsPos(Widget list, int count, int position);
+
+/* Deletes all rows. The list's size and the vertical scroll bar stay as they are until the next change. */
+CORVIDLMW_EXPORT void LmListDeleteAllItems(Widget list);
+
+/* ---- Replacing items ------------------------------------------------------------------------------- */
+
+/* Replaces, for each of `count` old items, the first row that is equal to it by the new item of the same
+ * index; an old item that is not found is passed over. A pair can replace what a pair before it put there.
+ * A replaced row loses its icon, indent and look, and is selected if it is equal to one of
+ * XmNselectedItems. */
+CORVIDLMW_EXPORT void LmListReplaceItems(Widget list, XmString *old_items, int count,
+                                         XmString *new_items);
+
+/* The same, for rows that are unselected from then on. */
+CORVIDLMW_EXPORT void LmListReplaceItemsUnselected(Widget list, XmString *old_items, int count,
+                                                   XmString *new_items);
+
+/* Replace `count` rows from `position` on, or those that there are. With a bad position or count nothing
+ * happens. */
+CORVIDLMW_EXPORT void LmListReplaceItemsPos(Widget list, XmString *items, int count, int position);
+CORVIDLMW_EXPORT void LmListReplaceItemsPosUnselected(Widget list, XmString *items, int count,
+                                                      int position);
+
+/* Replaces the row at each of `count` positions by the item of the same index. Each position that there is
+ * not draws a warning and the others go on; in an empty list nothing happens. */
+CORVIDLMW_EXPORT void LmListReplacePositions(Widget list, int *positions, XmString *items,
+                                             int count);
+
+/* ---- Selecting items ------------------------------------------------------------------------------- */
+
+/* Selects the first row that is equal to `item`, or the row at `position`, the last one for 0. In multiple
+ * selection the row is selected if it is not and unselected if it is; in the other policies it is selected
+ * and no other row is. The location cursor moves to the last selected row. With `notify` the selection
+ * callbacks of the policy are called; they may do anything, also destroy the list. Without such a row
+ * nothing happens. */
+CORVIDLMW_EXPORT void LmListSelectItem(Widget list, XmString item, Boolean notify);
+CORVIDLMW_EXPORT void LmListSelectPos(Widget list, int position, Boolean notify);
+
+/* Unselect that row, without a callback. */
+CORVIDLMW_EXPORT void LmListDeselectItem(Widget list, XmString item);
+CORVIDLMW_EXPORT void LmListDeselectPos(Widget list, int position);
+
+/* Unselects all rows, without a callback. */
+CORVIDLMW_EXPORT void LmListDeselectAllItems(Widget list);
+
+/* Makes XmNselectedItems and XmNselectedItemCount say which rows are selected now. After rows were added or
+ * replaced, and in the midst of a gesture, they say which were before. */
+CORVIDLMW_EXPORT void LmListUpdateSelectedList(Widget list);
+
+/* ---- Scrolling ------------------------------------------------------------------------------------- */
+
+/* Make the row at `position`, the last one for 0, or the first row equal to `item`, the first one in the
+ * window. Below the last row the window is left empty. Without such a row nothing happens. */
+CORVIDLMW_EXPORT void LmListSetPos(Widget list, int position);
+CORVIDLMW_EXPORT void LmListSetItem(Widget list, XmString item);
+
+/* Make it the last one in the window, or show the first rows if there are fewer before it. */
+CORVIDLMW_EXPORT void LmListSetBottomPos(Widget list, int position);
+CORVIDLMW_EXPORT void LmListSetBottomItem(Widget list, XmString item);
+
+/* Scrolls sideways to `position` pixels from where the rows begin, as far as the horizontal scroll bar goes.
+ * Without that bar, and without rows, nothing happens. */
+CORVIDLMW_EXPORT void LmListSetHorizPos(Widget list, int position);
+
+/* ---- Questions ------------------------------------------------------------------------------------- */
+
+/* Whether a row is equal to `item`. */
+CORVIDLMW_EXPORT Boolean LmListItemExists(Widget list, XmString item);
+
+/* The position of the first row that is equal to `item`; 0 if there is none, and for NULL. */
+CORVIDLMW_EXPORT int LmListItemPos(Widget list, XmString item);
+
+/* The positions of all rows that are equal to `item`, or of all selected rows, in order. True with an array
+ * that the caller frees by XtFree and its length; False if there are none, and nothing is written then. */
+CORVIDLMW_EXPORT Boolean LmListGetMatchPos(Widget list, XmString item, int **positions, int *count);
+CORVIDLMW_EXPORT Boolean LmListGetSelectedPos(Widget list, int **positions, int *count);
+
+/* Whether the row at `position`, the last one for 0, is selected. False where there is no row. */
+CORVIDLMW_EXPORT Boolean LmListPosSelected(Widget list, int position);
+
+/* The row that is shown at `y` pixels below the window's upper edge, counted from 0, unlike elsewhere: -1
+ * for what is above the first row in view if that is not the first of all, and the number of rows or one
+ * more where there is none. */
+CORVIDLMW_EXPORT int LmListYToPos(Widget list, Position y);
+
+/* Where a row is shown, with the room for the location cursor around it. Unlike elsewhere, `position` counts
+ * from 0, but 0 itself is no row: there the answer is False, as it is for rows that are not in view and for a
+ * list without a window. Each result can be NULL. */
+CORVIDLMW_EXPORT Boolean LmListPosToBounds(Widget list, int position, Position *x, Position *y,
+                                           Dimension *width, Dimension *height);
+
+/* ---- The location cursor ----------------------------------------------------------------------------- */
+
+/* The position of the location cursor; 0 in a list without rows, and when its row was deleted. It can be one
+ * past the end after LmListDeletePositions. */
+CORVIDLMW_EXPORT int LmListGetKbdItemPos(Widget list);
+
+/* Moves the location cursor to `position`, to the last row for 0, and scrolls it into view where the list has
+ * a vertical scroll bar. False, and nothing happens, if there is no such row. */
+CORVIDLMW_EXPORT Boolean LmListSetKbdItemPos(Widget list, int position);
+
+/* Turns add mode on, in single and extended selection, or off, in extended and browse selection; elsewhere it
+ * stays. In extended selection the cursor's row is unselected if it alone is selected when add mode comes,
+ * and selected if none is when add mode goes: the selection callbacks are called then, and may do anything,
+ * also destroy the list. */
+CORVIDLMW_EXPORT void LmListSetAddMode(Widget list, Boolean on);
 
 /* ---- Looks of single rows -------------------------------------------------------------------------- */
 

@@ -11,6 +11,7 @@
 #include <corvidlmw/list/Tally.h>
 #include <corvidlmw/list/TextWidths.h>
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -138,6 +139,10 @@ inline void WarnOfList(Widget w, const char *text) {
     XmeWarning(w, Name(text));
 }
 
+inline void WarnOfMissingItem(Widget w) {
+    WarnOfList(w, _XmMsgList_0007);
+}
+
 // ---- Geometry of this list ------------------------------------------------------------------------
 
 Frame FrameOf(Widget w);
@@ -145,6 +150,10 @@ Layout LayoutOf(Widget w);
 // For a row that is in view.
 Row RowOf(Widget w, int row);
 RowRange RowsInView(const LmListPart &list);
+// Of rows that there are, and of those that would come next.
+inline bool IsAboveBottom(const LmListPart &list, int row) {
+    return std::int64_t{row} - list.top_item_position < list.visible_item_count;
+}
 // Compute base_x and base_y.
 void PlaceBaseX(Widget w);
 void PlaceBaseY(Widget w);
@@ -174,6 +183,8 @@ void RemoveAllRows(Widget w);
 
 // The first row from `from` on with an equal string, or -1.
 int FindRow(const LmListPart &list, XmString string, int from = 0);
+// Strings that a client passes can be the list's own, and go while they are still needed.
+std::vector<OwnedXmString> CopiesOf(const XmString *strings, int count);
 bool IsAmongSelectedItems(const LmListPart &list, XmString string);
 
 // Gives a row another icon, or indent; heights and widths that are kept of all rows follow.
@@ -187,9 +198,13 @@ void DropLook(Widget w, LmListElement &element);
 // Measures what fonts changed under, and gives all rows the height of the tallest: the only place where
 // rows get lower. Left for later while `update` is off.
 void ResetHeight(Widget w);
+// Before `max_item_height` changes: all rows will be drawn in other places.
+void ClearForHeight(Widget w);
 // Running heights after `max_item_height` or `item_spacing` changed.
 void RebuildHeights(LmListPart &list);
 void RecomputeMaxWidth(LmListPart &list);
+// After `count` rows came or changed, until it is next recomputed.
+void RaiseMaxWidth(LmListPart &list, int row, int count);
 
 // Between an element and what is kept of all of them; for the store itself.
 void MeasureText(const LmListPart &list, LmListElement &element);
@@ -211,6 +226,8 @@ void BuildSelectedList(LmListPart &list, bool remember);
 void ClearSelectedList(LmListPart &list);
 // Rebuilds selected_positions alone.
 void UpdateSelectedIndices(LmListPart &list);
+// The same where rows from `row` on moved or are others.
+void UpdateSelectedIndicesFrom(LmListPart &list, int row);
 // Selects the rows whose strings are among selected_items, and no others.
 void SelectByMembership(LmListPart &list);
 // Sets anchors and cursor by the last run of selected rows.
@@ -261,7 +278,7 @@ void DrawItem(Widget w, int row);
 void DrawHighlight(Widget w, int row, bool on);
 void ClearInnerArea(Widget w, Boolean exposures);
 
-// Runs `change` with the location cursor taken away; the caller shows it again.
+// Before a change of where the location cursor is; the caller shows it again.
 inline void EraseCursor(Widget w) {
     if (ListOf(w).traversing) {
         DrawHighlight(w, ListOf(w).current_keyboard_item, false);
@@ -272,6 +289,28 @@ inline void ShowCursor(Widget w) {
         DrawHighlight(w, ListOf(w).current_keyboard_item, true);
     }
 }
+
+// Ends a change before which the cursor was taken away.
+inline void DrawChange(Widget w, bool all_rows) {
+    all_rows ? DrawList(w) : ShowCursor(w);
+}
+
+// ---- Items by function (ItemAdds.cpp, ItemDeletes.cpp, ItemReplaces.cpp, ...) -----------------------------
+
+// The row of a position in a family where 0 is the last item; -1 if there is none.
+inline int RowAtPosition(const LmListPart &list, int position) {
+    const bool valid = position >= 0 && position <= list.item_count;
+    return valid ? (position == 0 ? list.item_count : position) - 1 : -1;
+}
+
+// Selects a row as the policy has it, which in multiple selection can also be to unselect it. With
+// `notify` the client hears of it: false if the list died of that.
+bool SelectRow(Widget w, int row, bool notify);
+// False if the list died of telling the client that the cursor's row was selected or unselected by it.
+bool SetAddMode(Widget w, bool on);
+// Scroll so that the row is the first, or the last one in view. Rows that there are not are passed over.
+void ScrollToTop(Widget w, int row);
+void ScrollToBottom(Widget w, int row);
 
 // ---- Hits and reports (Reports.cpp) -----------------------------------------------------------------------
 

@@ -96,6 +96,14 @@ void RebuildHeights(LmListPart &list) {
     StateOf(list).pitch = pitch;
 }
 
+// The cursor reaches beyond the inner area.
+void ClearForHeight(Widget w) {
+    if (ListOf(w).update) {
+        EraseCursor(w);
+        ClearInnerArea(w, True);
+    }
+}
+
 void ResetHeight(Widget w) {
     auto &list = ListOf(w);
     auto &state = StateOf(list);
@@ -106,10 +114,10 @@ void ResetHeight(Widget w) {
         MeasureAllAnew(list);
     }
     const Dimension tallest = CutToDimension(state.heights.HighestOr(0));
-    if (tallest != list.max_item_height && HasWindow(w)) {
-        ClearInnerArea(w, True);
+    if (tallest != list.max_item_height) {
+        ClearForHeight(w);
+        list.max_item_height = tallest;
     }
-    list.max_item_height = tallest;
     if (state.pitch != PitchOf(list)) {
         RebuildHeights(list);
     }
@@ -118,6 +126,13 @@ void ResetHeight(Widget w) {
 void RecomputeMaxWidth(LmListPart &list) {
     const int need = StateOf(list).needs.HighestOr(0) + list.icon_column_width;
     list.max_width = CutToDimension(std::max(need, 0));
+}
+
+// Without icons and indents: new rows have none.
+void RaiseMaxWidth(LmListPart &list, int row, int count) {
+    for (int i = row; i < row + count; i++) {
+        list.max_width = std::max(list.max_width, ElementOf(list, i).width);
+    }
 }
 
 } // namespace corvidlmw::list

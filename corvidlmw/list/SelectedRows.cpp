@@ -112,6 +112,12 @@ void UpdateSelectedIndices(LmListPart &list) {
     }
 }
 
+void UpdateSelectedIndicesFrom(LmListPart &list, int row) {
+    if (StateOf(list).selected.LastBefore(list.element_count) >= row) {
+        UpdateSelectedIndices(list);
+    }
+}
+
 // ---- Anchors and cursor -------------------------------------------------------------------------------
 
 void SetSelectionParams(Widget w) {

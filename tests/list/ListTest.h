@@ -59,6 +59,7 @@ public:
     Strings &operator=(const Strings &) = delete;
 
     XmString operator[](std::size_t i) const { return strings_[i]; }
+    XmString *data() { return strings_.data(); }
     // The two settings that give them to a list.
     Settings As(const char *strings, const char *count) {
         return {{strings, reinterpret_cast<XtArgVal>(strings_.data())},

@@ -1,0 +1,241 @@
+// Rows that go by function.
+//
+// What is deleted one after the other is looked up one after the other too, in the rows that are left.
+
+#include <corvidlmw/list/LmListI.h>
+
+#include <algorithm>
+
+namespace corvidlmw::list {
+
+namespace {
+
+// ---- Runs of rows -----------------------------------------------------------------------------------
+
+// A top for when `count` rows from `row` on have gone: what is in view stays where rows above it go, and
+// moves down where the end of the list would come into view.
+int TopWithout(const LmListPart &list, int row, int count) {
+    const int top = list.top_item_position;
+    const bool above = row < top;
+    const bool ends_in_view = list.visible_item_count > list.item_count - count - top;
+    return above || (IsAboveBottom(list, row) && ends_in_view) ? std::max(top - count, 0) : top;
+}
+
+void PullCursor(LmListPart &list, int row, int count) {
+    if (row > list.current_keyboard_item) {
+        return;
+    }
+    list.current_keyboard_item = std::max(list.current_keyboard_item - count, 0);
+    if (SelectsRanges(list)) {
+        list.last_highlighted = list.current_keyboard_item;
+    }
+}
+
+void CloseEmptied(Widget w) {
+    ListOf(w).top_item_position = 0;
+    ClearInnerArea(w, False);
+    CloseChange(w);
+}
+
+// The top is set first, so that the bar is told once. A new size of the window can move it meanwhile.
+void CloseAtTop(Widget w, int top, bool redraw) {
+    auto &list = ListOf(w);
+    list.top_item_position = top;
+    CloseChange(w);
+    if (list.top_item_position != top) {
+        EraseCursor(w);
+        list.top_item_position = top;
+        SetVerticalScrollbar(w);
+        redraw = true;
+    }
+    if (redraw) {
+        DrawList(w);
+    }
+}
+
+void DeleteRun(Widget w, int row, int count) {
+    auto &list = ListOf(w);
+    const int top = TopWithout(list, row, count);
+    const bool redraw = IsAboveBottom(list, row) || top != list.top_item_position;
+    if (row <= list.current_keyboard_item || top != list.top_item_position) {
+        EraseCursor(w);
+    }
+    RemoveRows(w, row, count);
+    BuildSelectedList(list, true);
+    PullCursor(list, row, count);
+    if (list.item_count == 0) {
+        CloseEmptied(w);
+    } else {
+        CloseAtTop(w, top, redraw);
+    }
+}
+
+// ---- Rows here and there ------------------------------------------------------------------------------
+
+// Where fewer rows are left below the top than fit. True if the top moved.
+bool PullTopBack(LmListPart &list) {
+    const int top = list.top_item_position;
+    if (list.item_count - top < list.visible_item_count) {
+        list.top_item_position = std::max(list.item_count - list.visible_item_count, 0);
+    }
+    return list.top_item_position != top;
+}
+
+// True if rows in view change by it.
+bool DeleteFirst(Widget w, XmString string) {
+    auto &list = ListOf(w);
+    const int row = FindRow(list, string);
+    if (row < 0) {
+        WarnOfMissingItem(w);
+        return false;
+    }
+    // This can leave the cursor at -1.
+    if (list.current_keyboard_item >= row) {
+        list.current_keyboard_item--;
+    }
+    const bool in_view = IsAboveBottom(list, row);
+    RemoveRows(w, row, 1);
+    return in_view;
+}
+
+void CloseDeletedItems(Widget w, bool redraw) {
+    auto &list = ListOf(w);
+    BuildSelectedList(list, true);
+    if (list.item_count == 0) {
+        CloseEmptied(w);
+        return;
+    }
+    redraw = PullTopBack(list) || redraw;
+    DrawChange(w, redraw);
+    CloseChange(w);
+}
+
+// Bad positions become -1.
+RowSet TakePositions(Widget w, std::span<int> positions) {
+    RowSet rows;
+    for (int &position : positions) {
+        if (IsPosition(ListOf(w), position)) {
+            rows.Put(position - 1, true);
+        } else {
+            WarnOfMissingItem(w);
+            position = -1;
+        }
+    }
+    return rows;
+}
+
+// The cursor can be left one past the end.
+void KeepCursorNearRows(LmListPart &list) {
+    if (list.current_keyboard_item < list.element_count) {
+        return;
+    }
+    list.current_keyboard_item = list.element_count;
+    if (list.automatic_selection && SelectsRanges(list)) {
+        list.last_highlighted = list.element_count;
+    }
+}
+
+void DeleteRows(Widget w, const RowSet &rows) {
+    auto &list = ListOf(w);
+    const int first = rows.Next(0);
+    const bool in_view = first >= 0 && IsAboveBottom(list, first);
+    RemoveRowSet(w, rows);
+    KeepCursorNearRows(list);
+    BuildSelectedList(list, true);
+    if (list.item_count == 0) {
+        // The top stays: the next rows bring it back.
+        ClearInnerArea(w, False);
+        CloseChange(w);
+        return;
+    }
+    const bool top_moved = PullTopBack(list);
+    CloseChange(w);
+    DrawChange(w, in_view || top_moved);
+}
+
+} // namespace
+
+} // namespace corvidlmw::list
+
+using namespace corvidlmw;
+using namespace corvidlmw::list;
+
+extern "C" {
+
+void LmListDeleteItem(Widget w, XmString item) {
+    if (!IsList(w)) {
+        return;
+    }
+    const int row = FindRow(ListOf(w), item);
+    if (row < 0) {
+        WarnOfMissingItem(w);
+    } else {
+        DeleteRun(w, row, 1);
+    }
+}
+
+void LmListDeleteItems(Widget w, XmString *items, int count) {
+    if (!IsList(w) || !items || count < 1) {
+        return;
+    }
+    if (ListOf(w).item_count == 0) {
+        WarnOfMissingItem(w);
+        return;
+    }
+    const std::vector<OwnedXmString> copies = CopiesOf(items, count);
+    EraseCursor(w);
+    bool redraw = false;
+    for (const OwnedXmString &copy : copies) {
+        redraw = DeleteFirst(w, copy.get()) || redraw;
+    }
+    CloseDeletedItems(w, redraw);
+}
+
+void LmListDeletePos(Widget w, int position) {
+    if (!IsList(w) || ListOf(w).item_count == 0) {
+        return;
+    }
+    const int last = ListOf(w).item_count;
+    if (position > last) {
+        WarnOfMissingItem(w);
+    } else {
+        DeleteRun(w, (position < 1 ? last : position) - 1, 1);
+    }
+}
+
+void LmListDeletePositions(Widget w, int *positions, int count) {
+    if (!IsList(w) || !positions || count < 1 || ListOf(w).item_count == 0) {
+        return;
+    }
+    EraseCursor(w);
+    DeleteRows(w, TakePositions(w, {positions, static_cast<std::size_t>(count)}));
+}
+
+void LmListDeleteItemsPos(Widget w, int count, int position) {
+    if (!IsList(w) || ListOf(w).item_count == 0 || count < 1) {
+        return;
+    }
+    const int left = ListOf(w).item_count - std::max(position, 1) + 1;
+    if (position < 1 || left < 1) {
+        WarnOfMissingItem(w);
+    } else {
+        DeleteRun(w, position - 1, std::min(count, left));
+    }
+}
+
+// Neither the size nor the vertical bar follow: more rows usually come at once.
+void LmListDeleteAllItems(Widget w) {
+    if (!IsList(w) || ListOf(w).item_count == 0) {
+        return;
+    }
+    auto &list = ListOf(w);
+    EraseCursor(w);
+    RemoveAllRows(w);
+    ClearSelectedList(list);
+    ClearInnerArea(w, False);
+    if (!IsVariable(list)) {
+        SetHorizontalScrollbar(w);
+    }
+}
+
+} // extern "C"
