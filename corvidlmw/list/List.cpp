@@ -291,7 +291,6 @@ void Initialize(Widget request, Widget new_w, ArgList, Cardinal *) {
 void Destroy(Widget w) {
     auto &list = ListOf(w);
     StopScrolling(list);
-    CancelDrag(w);
     ReleaseScrollBars(w);
     RemoveAllRows(w);
     ClearSelectedList(list);

@@ -37,13 +37,6 @@ struct WaitingPress {
     WaitingPress &operator=(const WaitingPress &) = delete;
 };
 
-struct LmListTransfer;
-
-struct RunningDrag {
-    Widget context = nullptr;
-    LmListTransfer *transfer = nullptr;
-};
-
 // Behind the part's `internal`: what the part's fields are kept by.
 struct ListState {
     // The blocks that `items` and `elements` point into.
@@ -71,7 +64,6 @@ struct ListState {
     bool in_query = false;
     std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
     std::optional<WaitingPress> waiting_press;
-    RunningDrag drag;
 };
 
 inline LmListPart &ListOf(Widget w) {
@@ -370,11 +362,6 @@ Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Ca
 // ---- Columns (Fields.cpp) ---------------------------------------------------------------------------------
 
 void DropFields(LmListPart &list);
-
-// ---- Transfer (Transfer.cpp) --------------------------------------------------------------------------------
-
-// Of a list that dies.
-void CancelDrag(Widget w);
 
 // ---- Actions (ListActions.cpp and where they are written) ---------------------------------------------------
 

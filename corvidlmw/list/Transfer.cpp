@@ -14,14 +14,6 @@
 
 namespace corvidlmw::list {
 
-// What a drag carries. It can outlive the list.
-struct LmListTransfer {
-    Widget widget; // NULL if it died
-    XmString *strings;
-    int count;
-    bool *ended; // while the drag starts
-};
-
 namespace {
 
 constexpr char compound_text[] = "COMPOUND_TEXT";
@@ -81,6 +73,14 @@ void PutOnClipboard(Widget w, Time time, std::string &text) {
 }
 
 // ---- Drag and drop ------------------------------------------------------------------------------------
+
+// What a drag carries. It can outlive the list, so the list is not asked again.
+struct LmListTransfer {
+    Widget widget;
+    XmString *strings;
+    int count;
+    bool *ended; // while the drag starts
+};
 
 void Free(LmListTransfer *transfer) {
     for (int i = 0; i < transfer->count; i++) {
@@ -170,9 +170,6 @@ void DragDropFinished(Widget, XtPointer client_data, XtPointer) {
     if (transfer->ended) {
         *transfer->ended = true;
     }
-    if (transfer->widget) {
-        StateOf(transfer->widget).drag = {};
-    }
     Free(transfer);
 }
 
@@ -200,21 +197,10 @@ void StartDrag(Widget w, XEvent *event, LmListTransfer *transfer) {
     transfer->ended = nullptr;
     if (!context) {
         Free(transfer);
-    } else if (transfer->widget) {
-        StateOf(w).drag = {context, transfer};
     }
 }
 
 } // namespace
-
-// The toolkit would go on to use the list, as where the pointer was grabbed.
-void CancelDrag(Widget w) {
-    auto &drag = StateOf(w).drag;
-    if (drag.context) {
-        drag.transfer->widget = nullptr;
-        XmDragCancel(drag.context);
-    }
-}
 
 // ---- Actions --------------------------------------------------------------------------------------------
 

@@ -67,6 +67,17 @@ protected:
         return text;
     }
 
+    Widget MakeSite(XtCallbackProc on_drop) {
+        Widget site = XtVaCreateManagedWidget("site", xmBulletinBoardWidgetClass, board, XmNx, 300,
+                                              XmNwidth, 100, XmNheight, 100, nullptr);
+        Atom wanted = XInternAtom(display, "COMPOUND_TEXT", False);
+        Arg args[] = {{Name(XmNimportTargets), reinterpret_cast<XtArgVal>(&wanted)},
+                      {Name(XmNnumImportTargets), 1},
+                      {Name(XmNdropProc), reinterpret_cast<XtArgVal>(on_drop)}};
+        XmDropSiteRegister(site, args, 3);
+        return site;
+    }
+
     std::string In(Widget text) {
         char *value = XmTextGetString(text);
         std::string copy = value;
@@ -113,23 +124,6 @@ TEST_F(ListTransferTest, DropsTheRowUnderThePointerOrAllSelectedOnes) {
     EXPECT_EQ(SelectedRows(list), (std::vector{0, 3}));
 }
 
-// The toolkit would go on to use a widget that is gone. Nothing helps where it also had the keyboard when
-// the drag began: the toolkit gives it back afterwards without a look.
-TEST_F(ListTransferTest, EndsItsDragWhenItDies) {
-    Widget list = Make(fruits, many_selected);
-    Widget text = MakeText();
-    Show();
-    XmProcessTraversal(text, XmTRAVERSE_CURRENT);
-    XtAppAddTimeOut(
-        app, 140, [](XtPointer w, XtIntervalId *) { XtDestroyWidget(static_cast<Widget>(w)); },
-        list);
-    DragAndDrop(list, InRow(1), text, {40, 40}, Button2, [] { return true; });
-    EXPECT_EQ(In(text), "");
-
-    Widget next = Make(fruits, many_selected);
-    EXPECT_EQ(DropOn(text, next, 1), "pear\n");
-}
-
 TEST_F(ListTransferTest, DragsWithTheFirstButtonWhatIsSelectedWhereTheDisplaySaysSo) {
     SetBtn1Transfer(XmBUTTON2_ADJUST);
     Widget list = Make(fruits, many_selected);
@@ -167,18 +161,28 @@ void AskForTargetsAndTimestamp(Widget w, XtPointer, XtPointer call_data) {
 
 TEST_F(ListTransferTest, OffersADropSiteThreeTargetsAndRefusesTheTimestamp) {
     Widget list = Make(fruits, many_selected);
-    Widget site = XtVaCreateManagedWidget("site", xmBulletinBoardWidgetClass, board, XmNx, 300,
-                                          XmNwidth, 100, XmNheight, 100, nullptr);
+    Widget site = MakeSite(AskForTargetsAndTimestamp);
     const auto atom = [this](const char *name) { return XInternAtom(display, name, False); };
-    Atom wanted = atom("COMPOUND_TEXT");
-    Arg args[] = {{Name(XmNimportTargets), reinterpret_cast<XtArgVal>(&wanted)},
-                  {Name(XmNnumImportTargets), 1},
-                  {Name(XmNdropProc), reinterpret_cast<XtArgVal>(AskForTargetsAndTimestamp)}};
-    XmDropSiteRegister(site, args, 3);
     Show();
     transferred.clear();
     DragAndDrop(list, InRow(1), site, {40, 40}, Button2, [] { return transferred.size() == 2; });
     EXPECT_EQ(transferred[atom("TARGETS")],
               (std::vector{atom("TARGETS"), atom("TIMESTAMP"), atom("COMPOUND_TEXT")}));
     EXPECT_TRUE(transferred[atom("TIMESTAMP")].empty());
+}
+
+// A move, as some clients do it. Another widget has the keyboard: the toolkit gives it back after a drag
+// without a look whether who had it is still there.
+TEST_F(ListTransferTest, CanDieInTheDropOfItsRows) {
+    static Widget list;
+    list = Make(fruits, many_selected);
+    Widget text = MakeText();
+    Widget site = MakeSite([](Widget, XtPointer, XtPointer) {
+        XtDestroyWidget(list);
+        list = nullptr;
+    });
+    XtVaSetValues(site, XmNy, 250, nullptr);
+    Show();
+    XmProcessTraversal(text, XmTRAVERSE_CURRENT);
+    DragAndDrop(list, InRow(1), site, {40, 40}, Button2, [] { return !list; });
 }

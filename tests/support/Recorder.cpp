@@ -20,10 +20,11 @@ std::vector<Recorder *> &Recorders() {
     return recorders;
 }
 
-// Xlib keeps no clip that could be asked for, so it is followed here.
+// Xlib keeps no clip that could be asked for, so it is followed here, up to the last GC that the server's
+// end frees.
 std::map<GC, XRectangle> &Clips() {
-    static std::map<GC, XRectangle> clips;
-    return clips;
+    static auto *const clips = new std::map<GC, XRectangle>;
+    return *clips;
 }
 
 std::string CallerOf(const void *address) {
