@@ -1,10 +1,12 @@
-# corvidlmw_add_test(<name> [DISPLAY] [INTERNAL] [TIMEOUT <seconds>] <source>...)
+# corvidlmw_add_test(<name> [DISPLAY] [INTERNAL] [WHOLE_STACKS] [TIMEOUT <seconds>] <source>...)
 #
 # Makes the GoogleTest program <name> and registers it with CTest.
 #   DISPLAY   the program needs an X server: it links the harness, which starts one for the program
 #             as a whole, so the program is one test of CTest's.
 #             Without it each test of the program is one of CTest's.
 #   INTERNAL  the program calls what the shared library hides: it links the static one.
+#   WHOLE_STACKS  the toolkit leaks in what the program does: to tell such leaks by the functions in
+#             tests/support/lsan.supp, the leak sanitizer unwinds through the toolkit, which is slow.
 
 include(GoogleTest)
 
@@ -18,13 +20,16 @@ function(corvidlmw_set_sanitizer_options program)
 endfunction()
 
 function(corvidlmw_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 test "DISPLAY;INTERNAL" "TIMEOUT" "")
+    cmake_parse_arguments(PARSE_ARGV 1 test "DISPLAY;INTERNAL;WHOLE_STACKS" "TIMEOUT" "")
     if(NOT test_TIMEOUT)
         set(test_TIMEOUT 300)
     endif()
 
     add_executable(${name} ${test_UNPARSED_ARGUMENTS})
     corvidlmw_set_sanitizer_options(${name})
+    if(test_WHOLE_STACKS)
+        target_compile_definitions(${name} PRIVATE UNWIND=":fast_unwind_on_malloc=0")
+    endif()
     if(test_INTERNAL)
         target_link_libraries(${name} PRIVATE corvidlmw_static)
     else()

@@ -1,8 +1,12 @@
 // How the sanitizers treat the test programs. It is linked into them rather than set by CTest, so
 // that a program that is run by hand says the same.
 
+#ifndef UNWIND
+#define UNWIND ""
+#endif
+
 extern "C" const char *__asan_default_options() {
-    return "detect_leaks=1:detect_stack_use_after_return=1:strict_init_order=1";
+    return "detect_leaks=1:detect_stack_use_after_return=1:strict_init_order=1" UNWIND;
 }
 
 extern "C" const char *__ubsan_default_options() {

@@ -36,27 +36,22 @@ protected:
         XtCallActionProc(w, action, &event, nullptr, 0);
     }
 
-    // As another client of the same server does it, while this one answers.
+    // As another client of the same server.
     std::string ReadClipboard() {
-        Display *other = XServer::Instance().robot();
-        const Atom clipboard = XInternAtom(other, "CLIPBOARD", False);
-        const Window window =
-            XCreateSimpleWindow(other, DefaultRootWindow(other), 0, 0, 1, 1, 0, 0, 0);
-        XConvertSelection(other, clipboard, XInternAtom(other, "COMPOUND_TEXT", False), clipboard,
-                          window, CurrentTime);
-        XEvent answer{};
-        EXPECT_TRUE(PumpUntil(
-            [&] { return XCheckTypedWindowEvent(other, window, SelectionNotify, &answer); }));
-        Atom type;
-        int format = 0;
+        static Client other;
+        static const Window reader = XCreateSimpleWindow(
+            other.display, DefaultRootWindow(other.display), 0, 0, 1, 1, 0, 0, 0);
+        std::string text(1024, '\0');
         unsigned long size = 0;
-        unsigned long rest = 0;
-        unsigned char *data = nullptr;
-        XGetWindowProperty(other, window, clipboard, 0, 1024, True, AnyPropertyType, &type, &format,
-                           &size, &rest, &data);
-        std::string text(reinterpret_cast<char *>(data), data ? size : 0);
-        XFree(data);
-        XDestroyWindow(other, window);
+        long id = 0;
+        int status = XmClipboardLocked;
+        for (int i = 0; i < 5 && status == XmClipboardLocked; i++) {
+            status = XmClipboardRetrieve(other.display, reader, Name("COMPOUND_TEXT"), text.data(),
+                                         text.size(), &size, &id);
+            Pump();
+        }
+        EXPECT_EQ(status, XmClipboardSuccess);
+        text.resize(size);
         return text;
     }
 
