@@ -40,15 +40,19 @@ void ListFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params)
 }
 
 void ListEnter(Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    StopScrolling(ListOf(w));
     if (FollowsPointer(w)) {
         Take(w);
     }
     _XmPrimitiveEnter(w, event, params, num_params);
 }
 
-void ListLeave(Widget w, XEvent *, String *, Cardinal *) {
+void ListLeave(Widget w, XEvent *event, String *params, Cardinal *num_params) {
     if (FollowsPointer(w)) {
         Lose(w);
+    }
+    if (LeaveHolding(w, event)) {
+        _XmPrimitiveLeave(w, event, params, num_params);
     }
 }
 

@@ -189,7 +189,8 @@ void ClearState(LmListPart &list) {
     list.field_widths = nullptr;
     list.field_count = 0;
     list.current_field = -1;
-    list.last_highlighted = list.current_keyboard_item = list.armed_item = 0;
+    list.last_highlighted = list.current_keyboard_item = 0;
+    list.armed_item = -1;
     list.start_item = list.end_item = list.old_start_item = list.old_end_item = 0;
     list.down_count = 0;
     list.down_time = 0;

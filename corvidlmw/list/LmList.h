@@ -239,7 +239,10 @@ extern "C" {
 /* ---- Callbacks ------------------------------------------------------------------------------------- */
 
 /* Reasons of XmNarmCallback, XmNdisarmCallback and XmNactivateCallback, which tell of presses in the icon
- * column; BLANK is one in a row without an icon. */
+ * column; BLANK is one in a row without an icon. Their data's `item` is the client's to free with
+ * XmStringFree: of XmNarmCallback in there; XmNactivateCallback and the XmNdisarmCallback that follows
+ * share one, which the last of the two that has callbacks frees. Of all other callbacks it is the list's,
+ * valid for the length of the call. */
 #define LmCR_ITEM_ICON_ARM 101
 #define LmCR_ITEM_BLANK_ARM 102
 #define LmCR_ITEM_DISARM 103

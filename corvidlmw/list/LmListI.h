@@ -363,6 +363,45 @@ Boolean SetValues(Widget current, Widget request, Widget new_w, ArgList args, Ca
 
 void DropFields(LmListPart &list);
 
+// ---- Ranges of rows (RangeSelection.cpp) ------------------------------------------------------------------
+//
+// Rows are given in either order and can lie outside of the list. What changes is drawn.
+
+void SelectRange(Widget w, int first, int last, bool value);
+// Gives rows back their last_selected; the anchor is start_item.
+enum class Anchor { Kept, Restored };
+void RestoreRange(Widget w, int first, int last, Anchor anchor);
+// The other way around: the present states become those before the next gesture.
+void RememberRange(Widget w, int first, int last);
+void RememberAnchors(Widget w);
+
+// Takes the end of the range to another row, of a list that has rows: by a press, from `old_end`; or by
+// the pointer or the cursor, from end_item.
+void ArrangePressedRange(Widget w, int old_end, int row);
+void ArrangeRange(Widget w, int row);
+
+// The gesture goes on to another row. False if the list died of the reports.
+bool HandleNewItem(Widget w, int row);
+
+// Moves the location cursor, if there is such a row.
+void PlaceCursor(Widget w, int row);
+
+// ---- The icon column (IconArming.cpp) ---------------------------------------------------------------------
+
+bool IsInIconColumn(const LmListPart &list, int row, int x);
+void ArmIcon(Widget w, XEvent *event, int row);
+void DisarmIcon(Widget w, XEvent *event, int row);
+
+// ---- The pointer held outside (HeldOutside.cpp) -----------------------------------------------------------
+
+// Bits of leave_direction; 0 is inside.
+unsigned char LeaveDirectionOf(Widget w, Point at);
+bool IsOppositeOf(unsigned char direction, unsigned char other);
+// Takes a new direction and sees to it that the list scrolls that way, if it can.
+void KeepScrolling(Widget w, unsigned char direction);
+// The same when the pointer leaves. False if it did not go outside.
+bool LeaveHolding(Widget w, const XEvent *event);
+
 // ---- Actions (ListActions.cpp and where they are written) ---------------------------------------------------
 
 extern XtActionsRec list_actions[];
@@ -373,6 +412,13 @@ Action ListEnter;
 Action ListLeave;
 Action ListFocusIn;
 Action ListFocusOut;
+Action SelectElement;
+Action UnSelectElement;
+Action VerifyMotion;
+Action ExSelect;
+Action ExUnSelect;
+Action CtrlSelect;
+Action CtrlUnSelect;
 Action ListCopyToClipboard;
 Action ListProcessDrag;
 Action ListProcessBtn1;

@@ -1,0 +1,447 @@
+// Selecting with the pointer: the four policies, ranges, columns, the icon column, the double click,
+// scrolling while the pointer is held outside, and clients that turn the list upside down in between.
+#include <corvidlmw/toolkit/LifeWatch.h>
+#include <tests/list/ListTest.h>
+
+#include <Xm/List.h>
+
+#include <functional>
+#include <map>
+#include <sstream>
+
+namespace {
+
+using namespace corvidlmw::test;
+using Rows = std::vector<int>;
+
+// What a client is told, in short: "browse 3", "extended 4 (2 3 4) initial", "default 1 (1) column 0".
+std::string Told(XtPointer call_data) {
+    const auto &data = *static_cast<LmListCallbackStruct *>(call_data);
+    static const std::map<int, const char *> reasons = {
+        {XmCR_SINGLE_SELECT, "single"},        {XmCR_MULTIPLE_SELECT, "multiple"},
+        {XmCR_EXTENDED_SELECT, "extended"},    {XmCR_BROWSE_SELECT, "browse"},
+        {XmCR_DEFAULT_ACTION, "default"},      {LmCR_ITEM_ICON_ARM, "arm"},
+        {LmCR_ITEM_BLANK_ARM, "arm blank"},    {LmCR_ITEM_DISARM, "disarm"},
+        {LmCR_ITEM_ICON_ACTIVATE, "activate"}, {LmCR_ITEM_BLANK_ACTIVATE, "activate blank"}};
+    std::ostringstream told;
+    told << reasons.at(data.reason) << ' ' << data.item_position;
+    EXPECT_EQ(data.item_length, XmStringLength(data.item));
+    if (data.selected_items) {
+        told << " (";
+        for (int i = 0; i < data.selected_item_count; i++) {
+            told << (i ? " " : "") << data.selected_item_positions[i];
+            EXPECT_EQ(TextOf(data.selected_items[i]),
+                      "row " + std::to_string(data.selected_item_positions[i] - 1));
+        }
+        told << ')';
+    }
+    if (data.reason == XmCR_EXTENDED_SELECT && data.selection_type != XmINITIAL)
+        told << (data.selection_type == XmADDITION ? " added" : " modified");
+    if (data.field >= 0)
+        told << " column " << data.field;
+    if (data.reason == LmCR_ITEM_DISARM || data.reason == LmCR_ITEM_ICON_ARM ||
+        data.reason == LmCR_ITEM_BLANK_ARM)
+        XmStringFree(data.item);
+    return told.str();
+}
+
+const char *const all_callbacks[] = {
+    XmNsingleSelectionCallback, XmNmultipleSelectionCallback, XmNextendedSelectionCallback,
+    XmNbrowseSelectionCallback, XmNdefaultActionCallback,     XmNarmCallback,
+    XmNdisarmCallback,          XmNactivateCallback};
+
+class PointerSelectionTest : public ListTest {
+protected:
+    PointerSelectionTest() : log(Told) {}
+
+    // The double click is off but where a test is about it. Without a highlight no location cursor is
+    // drawn over the edges of bars.
+    void Start(int policy, bool automatic = false, int count = 8, Settings settings = {}) {
+        settings.insert(settings.begin(), {{XmNselectionPolicy, policy},
+                                           {XmNautomaticSelection, automatic},
+                                           {XmNdoubleClickInterval, 0},
+                                           {XmNhighlightThickness, 0},
+                                           {XmNlistSpacing, 4},
+                                           {XmNlistSizePolicy, XmCONSTANT},
+                                           {XmNwidth, 200},
+                                           {XmNvisibleItemCount, 8}});
+        SetResource(
+            "*list.translations: #override\\n<Btn1Motion>: ListButtonMotion()\\ns<Btn1Down>: "
+            "ListBeginExtend()\\ns<Btn1Up>: ListEndExtend()\\nc<Btn1Down>: "
+            "ListBeginToggle()\\nc<Btn1Up>: ListEndToggle()\\n<Btn1Down>: "
+            "ListBeginSelect()\\n<Btn1Up>: ListEndSelect()");
+        list = MakeScrolled(Numbered(count), settings);
+        for (const char *name : all_callbacks)
+            log.Add(list, name);
+        Show();
+    }
+
+    static int MiddleOf(int row) { return 2 + 17 * row + 6; }
+    void MoveToRow(int row, int x = 40) { MoveTo(list, x, MiddleOf(row)); }
+    void PressRow(int row, int x = 40) {
+        MoveToRow(row, x);
+        Press();
+    }
+    void ClickRow(int row, int x = 40) {
+        PressRow(row, x);
+        Release();
+    }
+    void ClickRowWith(unsigned int modifiers, int row) {
+        PressModifiers(modifiers);
+        ClickRow(row);
+        ReleaseModifiers(modifiers);
+    }
+    Texts TakeTold() {
+        Texts told;
+        for (const auto &entry : log.entries())
+            told.push_back(entry.data);
+        log.Clear();
+        return told;
+    }
+    Rows Selected() { return SelectedRows(list); }
+    // What the window shows is what the rows say.
+    void ExpectDrawn() {
+        const Picture shown = Picture::Of(list);
+        XClearArea(display, XtWindow(list), 0, 0, 0, 0, True);
+        Pump();
+        EXPECT_TRUE(SamePicture(Picture::Of(list), shown));
+    }
+
+    Widget list = nullptr;
+    CallbackLog<std::string> log;
+};
+
+// ---- Policies ---------------------------------------------------------------------------------------
+
+TEST_F(PointerSelectionTest, SingleSelectionTogglesOneRow) {
+    Start(XmSINGLE_SELECT);
+    PressRow(2);
+    EXPECT_EQ(Selected(), Rows{2});
+    EXPECT_TRUE(log.empty()) << "told at the release";
+    MoveToRow(5);
+    Release();
+    EXPECT_EQ(Selected(), Rows{2});
+    ClickRow(4);
+    ClickRow(4);
+    EXPECT_EQ(Selected(), Rows{});
+    EXPECT_EQ(Get(list, XmNselectedItemCount), 0);
+    EXPECT_EQ(TakeTold(), (Texts{"single 3", "single 5", "single 5"}));
+    EXPECT_EQ(PartOf(list).current_keyboard_item, 4);
+}
+
+TEST_F(PointerSelectionTest, MultipleSelectionTogglesEachRow) {
+    Start(XmMULTIPLE_SELECT, true);
+    ClickRow(5);
+    ClickRow(1);
+    ClickRow(5);
+    EXPECT_EQ(TakeTold(), (Texts{"multiple 6 (6)", "multiple 2 (2 6)", "multiple 6 (2)"}));
+    ClickRowWith(ShiftMask, 3);
+    EXPECT_EQ(Selected(), Rows{1}) << "ranges are for extended selection";
+    ExpectDrawn();
+}
+
+TEST_F(PointerSelectionTest, BrowsingFollowsThePointer) {
+    Start(XmBROWSE_SELECT);
+    PressRow(2);
+    MoveToRow(3);
+    MoveToRow(6);
+    EXPECT_EQ(Selected(), Rows{6});
+    EXPECT_TRUE(log.empty());
+    Release();
+    ClickRow(6);
+    EXPECT_EQ(Selected(), Rows{6});
+    EXPECT_EQ(TakeTold(), (Texts{"browse 7", "browse 7"}));
+    EXPECT_EQ(PartOf(list).current_keyboard_item, 6);
+    ExpectDrawn();
+}
+
+TEST_F(PointerSelectionTest, BrowsingAutomaticallyTellsOnTheWay) {
+    Start(XmBROWSE_SELECT, true);
+    PressRow(2);
+    EXPECT_EQ(TakeTold(), Texts{"browse 3"});
+    MoveToRow(3);
+    EXPECT_EQ(TakeTold(), (Texts{"browse 3", "browse 4"})) << "before and after";
+    EXPECT_EQ(PartOf(list).current_keyboard_item, 3);
+    Release();
+    EXPECT_EQ(TakeTold(), Texts{});
+    EXPECT_EQ(PartOf(list).selected_positions[0], 4);
+}
+
+TEST_F(PointerSelectionTest, ExtendedSelectionDragsRanges) {
+    Start(XmEXTENDED_SELECT);
+    PressRow(3);
+    for (int row : {4, 5, 6, 5})
+        MoveToRow(row);
+    EXPECT_EQ(Selected(), (Rows{3, 4, 5}));
+    for (int row : {2, 1, 2})
+        MoveToRow(row);
+    EXPECT_EQ(Selected(), (Rows{2, 3}));
+    Release();
+    EXPECT_EQ(TakeTold(), Texts{"extended 3 (3 4)"});
+    ClickRowWith(ShiftMask, 6);
+    EXPECT_EQ(Selected(), (Rows{3, 4, 5, 6})) << "the other side of the anchor";
+    ClickRowWith(ShiftMask, 4);
+    EXPECT_EQ(Selected(), (Rows{3, 4, 5, 6})) << "what a release remembered is not undone";
+    EXPECT_EQ(TakeTold(),
+              (Texts{"extended 7 (4 5 6 7) modified", "extended 5 (4 5 6 7) modified"}));
+    ExpectDrawn();
+    ClickRow(0);
+    EXPECT_EQ(TakeTold(), Texts{"extended 1 (1)"});
+}
+
+TEST_F(PointerSelectionTest, ControlAddsRangesAndGivesBackWhatItPassed) {
+    Start(XmEXTENDED_SELECT);
+    ClickRow(4);
+    PressModifiers(ControlMask);
+    PressRow(1);
+    for (int row : {2, 5, 2})
+        MoveToRow(row);
+    EXPECT_EQ(Selected(), (Rows{1, 2})) << "a range that shrinks deselects";
+    Release();
+    PressRow(2);
+    for (int row : {4, 3})
+        MoveToRow(row);
+    Release();
+    EXPECT_EQ(Selected(), Rows{1}) << "toggled off, and the range with it";
+    ReleaseModifiers(ControlMask);
+    EXPECT_EQ(TakeTold(),
+              (Texts{"extended 5 (5)", "extended 3 (2 3) added", "extended 4 (2) added"}));
+    ExpectDrawn();
+}
+
+TEST_F(PointerSelectionTest, ExtendingAutomaticallyTellsBeforeTheFirstChangeOnly) {
+    Start(XmEXTENDED_SELECT, true);
+    PressRow(2);
+    MoveToRow(3);
+    MoveToRow(4);
+    Release();
+    EXPECT_EQ(TakeTold(), (Texts{"extended 3 (3)", "extended 3 (3)", "extended 4 (3 4)"}));
+    EXPECT_EQ(Get(list, XmNselectedItemCount), 3) << "rebuilt at the release";
+    ClickRowWith(ShiftMask, 6);
+    EXPECT_EQ(TakeTold(), Texts{"extended 7 (3 4 5 6 7) modified"});
+}
+
+TEST_F(PointerSelectionTest, IgnoresWhereNoRowIs) {
+    Start(XmEXTENDED_SELECT, false, 3);
+    for (int row : {3, 7})
+        ClickRowWith(row == 3 ? ShiftMask : 0u, row);
+    MoveTo(list, 40, list->core.height - 2);
+    Press();
+    Release();
+    EXPECT_TRUE(log.empty());
+    ClickRow(1);
+    ClickRow(2);
+    EXPECT_EQ(TakeTold(), (Texts{"extended 2 (2)", "extended 3 (3)"}))
+        << "no modifier is left over";
+    Set(list, {{XmNitemCount, 0}});
+    ClickRow(0);
+    Strings rows(Numbered(30));
+    Set(list, rows.Items());
+    Set(list, {{XmNtopItemPosition, 9}});
+    MoveTo(list, 40, 1);
+    Press();
+    Release();
+    EXPECT_TRUE(log.empty()) << "above the first row in view";
+    ClickRow(0);
+    EXPECT_EQ(TakeTold(), Texts{"extended 9 (9)"});
+}
+
+// ---- Clicks -----------------------------------------------------------------------------------------
+
+TEST_F(PointerSelectionTest, ADoubleClickIsTheDefaultAction) {
+    Start(XmEXTENDED_SELECT, false, 8, {{XmNdoubleClickInterval, 5000}});
+    ClickRow(2);
+    PressRow(3);
+    EXPECT_EQ(Selected(), Rows{2}) << "the second press selects nothing";
+    Release();
+    EXPECT_EQ(TakeTold(), (Texts{"extended 3 (3)", "default 3 (3)"}));
+    EXPECT_EQ(PartOf(list).current_keyboard_item, 3);
+    ClickRow(3);
+    EXPECT_EQ(TakeTold(), Texts{"extended 4 (4)"}) << "a third press begins anew";
+    PressRow(3);
+    MoveToRow(4);
+    Release();
+    EXPECT_EQ(TakeTold(), Texts{"extended 5 (4 5)"}) << "motion is no click";
+    Set(list, {{XmNdoubleClickInterval, 20}});
+    LetTimePass(std::chrono::milliseconds(60));
+    ClickRow(1);
+    LetTimePass(std::chrono::milliseconds(60));
+    ClickRow(1);
+    EXPECT_EQ(TakeTold(), (Texts{"extended 2 (2)", "extended 2 (2)"}));
+}
+
+TEST_F(PointerSelectionTest, TellsTheColumnOfTheRelease) {
+    Start(XmBROWSE_SELECT);
+    int widths[] = {40, 50, 60};
+    LmListSetFields(list, widths, 3);
+    ClickRow(3, 60);
+    EXPECT_EQ(PartOf(list).current_field, 1);
+    PressRow(3, 60);
+    MoveToRow(3, 120);
+    EXPECT_EQ(Selected(), Rows{3});
+    EXPECT_EQ(PartOf(list).current_field, 2);
+    ExpectDrawn();
+    Release();
+    ClickRow(5, 180);
+    EXPECT_EQ(TakeTold(), (Texts{"browse 4 column 1", "browse 4 column 2", "browse 6"}));
+    PressRow(0, 60);
+    MoveToRow(0, 120);
+    EXPECT_EQ(Selected(), Rows{}) << "the first row is lost at the edge of a column";
+    Release();
+    Set(list, {{XmNselectionPolicy, XmEXTENDED_SELECT}});
+    PressRow(0, 60);
+    MoveToRow(0, 120);
+    EXPECT_EQ(Selected(), Rows{0});
+    ExpectDrawn();
+}
+
+// ---- The icon column --------------------------------------------------------------------------------
+
+TEST_F(PointerSelectionTest, TheIconColumnArmsAndActivates) {
+    Start(XmBROWSE_SELECT, false, 8, {{XmNshowIcons, True}});
+    const Pixmap icon = XCreatePixmap(display, XtWindow(list), 10, 10, list->core.depth);
+    LmListSetPositionIcon(list, 2, icon);
+    ClickRow(4);
+    TakeTold();
+    ClickRow(1, 15);
+    ClickRow(2, 15);
+    EXPECT_EQ(TakeTold(), (Texts{"arm 2", "activate 2", "disarm 2", "arm blank 3",
+                                 "activate blank 3", "disarm 3"}));
+    PressRow(1, 3);
+    MoveToRow(2, 3);
+    EXPECT_EQ(Selected(), Rows{2}) << "motion selects as ever, and deselects what was";
+    Release();
+    EXPECT_EQ(TakeTold(), (Texts{"arm 2", "disarm 3"}));
+    PressRow(3, 3);
+    MoveToRow(3, 60);
+    Release();
+    EXPECT_EQ(TakeTold(), (Texts{"arm blank 4", "browse 4"}));
+    ClickRow(6, 18);
+    EXPECT_EQ(Selected(), Rows{6});
+    EXPECT_EQ(TakeTold(), Texts{"disarm 7"}) << "between the limits of press and release";
+    LmListSetPositionIndent(list, 2, 30);
+    ClickRow(1, 45);
+    EXPECT_EQ(TakeTold(), (Texts{"arm 2", "activate 2", "disarm 2"}));
+    log.OnEach([this](const auto &) { XtDestroyWidget(list); });
+    ClickRow(1, 3);
+    EXPECT_EQ(TakeTold(), Texts{"arm 2"});
+    XFreePixmap(display, icon);
+}
+
+// ---- Outside ----------------------------------------------------------------------------------------
+
+TEST_F(PointerSelectionTest, ScrollsWhileThePointerIsHeldOutside) {
+    Start(XmEXTENDED_SELECT, false, 30);
+    Set(PartOf(list).vertical_scroll_bar, {{XmNinitialDelay, 10}, {XmNrepeatDelay, 5}});
+    PressRow(5);
+    MoveTo(list, 40, list->core.height + 20);
+    ASSERT_TRUE(PumpUntil([this] { return Get(list, XmNtopItemPosition) == 23; }));
+    EXPECT_EQ(Selected().size(), 25u) << "from the anchor to the last row";
+    EXPECT_EQ(Get(PartOf(list).vertical_scroll_bar, XmNvalue), 22);
+    ASSERT_TRUE(PumpUntil([this] { return PartOf(list).drag_timer == 0; })) << "nothing to scroll";
+    MoveTo(list, 40, -20);
+    ASSERT_TRUE(PumpUntil([this] { return Get(list, XmNtopItemPosition) < 20; }));
+    MoveToRow(4);
+    EXPECT_EQ(PartOf(list).drag_timer, 0u) << "back inside";
+    MoveTo(list, 40, -20);
+    ASSERT_TRUE(PumpUntil([this] { return Get(list, XmNtopItemPosition) == 1; }));
+    EXPECT_EQ(Selected(), (Rows{0, 1, 2, 3, 4, 5}));
+    MoveTo(list, 40, list->core.height + 20);
+    EXPECT_NE(PartOf(list).drag_timer, 0u);
+    Release();
+    EXPECT_EQ(PartOf(list).drag_timer, 0u);
+    EXPECT_EQ(log.size(), 1u);
+    ExpectDrawn();
+}
+
+TEST_F(PointerSelectionTest, ScrollsSidewaysToo) {
+    Start(XmBROWSE_SELECT, false, 5);
+    LmListSetPositionIndent(list, 3, 200);
+    Set(list, {}); // brings the bars up to date
+    PressRow(1);
+    MoveTo(list, 600, MiddleOf(1));
+    auto &part = PartOf(list);
+    ASSERT_TRUE(PumpUntil([&part] {
+        return part.x_origin > 0 &&
+               part.x_origin == part.horizontal_maximum - part.horizontal_extent;
+    }));
+    MoveTo(list, -30, MiddleOf(1));
+    ASSERT_TRUE(PumpUntil([&part] { return part.x_origin == 0; }));
+    Release();
+    EXPECT_EQ(Get(part.horizontal_scroll_bar, XmNvalue), 0);
+}
+
+TEST_F(PointerSelectionTest, NoTimerOutlivesTheList) {
+    for (const bool by_callback : {true, false}) {
+        Start(XmBROWSE_SELECT, true, 60);
+        const corvidlmw::LifeWatch life(list);
+        PressRow(3);
+        MoveTo(list, 40, list->core.height + 20);
+        if (by_callback)
+            log.OnEach([this](const auto &) { XtDestroyWidget(list); });
+        else
+            XtDestroyWidget(list);
+        ASSERT_TRUE(PumpUntil([&life] { return life.Ended(); }));
+        log.OnEach(nullptr);
+        LetTimePass(std::chrono::milliseconds(300));
+        RunWorkProcs();
+        Release();
+    }
+}
+
+// A list that the pointer leaves and enters in a shell whose keyboard follows it.
+TEST_F(PointerSelectionTest, TheKeyboardCanFollowThePointer) {
+    XtVaSetValues(shell, XmNkeyboardFocusPolicy, XmPOINTER, nullptr);
+    Start(XmBROWSE_SELECT, false, 8, {{XmNhighlightOnEnter, True}});
+    MoveToRow(1);
+    EXPECT_TRUE(PartOf(list).traversing);
+    MoveTo(list, 40, list->core.height + 40);
+    EXPECT_FALSE(PartOf(list).traversing);
+    ExpectDrawn();
+}
+
+// ---- Clients that misbehave -------------------------------------------------------------------------
+
+TEST_F(PointerSelectionTest, CallbacksCanTurnTheListUpsideDown) {
+    Strings few(Numbered(2));
+    Strings many(Numbered(40));
+    const std::function<void()> acts[] = {[this] {
+                                              Set(list, {{XmNitemCount, 0}});
+                                          },
+                                          [&] { Set(list, few.Items()); },
+                                          [&] { Set(list, many.Items()); },
+                                          [this] {
+                                              Set(list, {{XmNselectionPolicy, XmSINGLE_SELECT}});
+                                          },
+                                          [this] {
+                                              Set(list, {{XmNsensitive, False}});
+                                          },
+                                          [this] { XtDestroyWidget(list); }};
+    for (const int policy :
+         {XmSINGLE_SELECT, XmMULTIPLE_SELECT, XmEXTENDED_SELECT, XmBROWSE_SELECT})
+        for (const bool automatic : {false, true})
+            for (const auto &act : acts) {
+                Start(policy, automatic, 12, {{XmNshowIcons, True}});
+                log.OnEach([&act](const auto &) { act(); });
+                const corvidlmw::LifeWatch life(list);
+                for (const int x : {40, 40, 3}) {
+                    for (const int row : {7, 2, 5}) {
+                        if (!life.Ended() && row == 7)
+                            PressRow(row, x);
+                        else if (!life.Ended())
+                            MoveToRow(row, x);
+                    }
+                    Release();
+                    if (!life.Ended() && x == 40)
+                        Set(list, {{XmNsensitive, True}, {XmNdoubleClickInterval, 5000}});
+                }
+                if (!life.Ended()) {
+                    ExpectInOrder(list);
+                    XtDestroyWidget(list);
+                }
+                log.OnEach(nullptr);
+                TakeTold();
+            }
+}
+
+} // namespace
