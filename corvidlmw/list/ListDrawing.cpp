@@ -11,6 +11,7 @@
 #include <Xm/DrawP.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace corvidlmw::list {
 
@@ -140,6 +141,12 @@ private:
     bool clipped_ = false;
 };
 
+// What no row clears is cleared together with the next ones that are drawn.
+void NoteReach(Widget w, const Layout &layout, const Row &row, const Rectangle &drawn) {
+    auto &state = StateOf(w);
+    state.bars_reach_out = state.bars_reach_out || ReachesOut(layout, row, drawn);
+}
+
 // The text stands there already, but for its indent: antialiased text drawn over itself would get
 // bolder outside of the cell.
 void DrawCellText(Widget w, const LmListElement &element, const Layout &layout, const Row &row,
@@ -158,13 +165,16 @@ void DrawCell(Widget w, const LmListElement &element, const Layout &layout, cons
     }
     const Rectangle cell = Cell(layout, row, fields, list.current_field);
     const int shadow = layout.frame.shadow;
+    NoteReach(w, layout, row, cell);
     FillArea(w, list.arm_gc, {cell.x, cell.y + shadow, cell.width, cell.height - 2 * shadow});
     DrawCellText(w, element, layout, row, cell);
     DrawShadow(w, PrimitiveOf(w).bottom_shadow_GC, PrimitiveOf(w).top_shadow_GC, cell);
 }
 
 void DrawBar(Widget w, const LmListElement &element, const Layout &layout, const Row &row) {
-    DrawShadow(w, PrimitiveOf(w).top_shadow_GC, PrimitiveOf(w).bottom_shadow_GC, Bar(layout, row));
+    const Rectangle bar = Bar(layout, row);
+    NoteReach(w, layout, row, bar);
+    DrawShadow(w, PrimitiveOf(w).top_shadow_GC, PrimitiveOf(w).bottom_shadow_GC, bar);
     DrawCell(w, element, layout, row);
 }
 
@@ -219,7 +229,7 @@ void DrawRowAlone(Widget w, int row_number, const Layout &layout, BarClip &bar_c
     element.drawn_selected = element.selected;
     const Row row = RowOf(w, row_number);
     const int row_width = RowWidthOfOne(layout);
-    ClearArea(w, ClearedOfOne(layout, row));
+    ClearArea(w, StateOf(list).bars_reach_out ? Strip(layout, row) : ClearedOfOne(layout, row));
     DrawIcon(w, element, IconOrigin(layout, row));
     auto *const draw_text = element.gc ? DrawTextOfOwnLook : DrawUsualText;
     draw_text(w, element, Fill(layout, row, element.gc != nullptr),
@@ -308,6 +318,9 @@ void DrawList(Widget w) {
     PlaceBaseY(w);
     const Layout layout = LayoutOf(w);
     const RowRange rows = RowsInView(list);
+    if (std::exchange(StateOf(list).bars_reach_out, false)) {
+        ClearArea(w, BarArea(layout.frame));
+    }
     DrawRowsUnselected(w, rows, layout);
     // This reaches into the last row's box: a bar there would lose its lower edge if it came first.
     const int last_y = rows.first < rows.end ? RowOf(w, rows.end - 1).y : 0;
@@ -349,7 +362,8 @@ void DrawHighlight(Widget w, int row, bool on) {
 
 void ClearInnerArea(Widget w, Boolean exposures) {
     if (HasWindow(w)) {
-        ClearArea(w, InnerArea(FrameOf(w)), exposures);
+        const bool more = std::exchange(StateOf(w).bars_reach_out, false);
+        ClearArea(w, more ? BarArea(FrameOf(w)) : InnerArea(FrameOf(w)), exposures);
     }
 }
 

@@ -128,6 +128,20 @@ Rectangle Cell(const Layout &layout, const Row &row, std::span<const int> widths
             CutToDimension(widths[static_cast<std::size_t>(field)]), layout.max_item_height};
 }
 
+bool ReachesOut(const Layout &layout, const Row &row, const Rectangle &drawn) {
+    const Rectangle area = BarArea(layout.frame);
+    const Rectangle all = ClearedOfAll(layout, row);
+    const Rectangle one = ClearedOfOne(layout, row);
+    return std::max(drawn.x, area.x) < std::max(all.x, one.x) ||
+           std::min(drawn.x + drawn.width, area.x + area.width) >
+               std::min(all.x + all.width, one.x + one.width);
+}
+
+Rectangle Strip(const Layout &layout, const Row &row) {
+    const Rectangle area = BarArea(layout.frame);
+    return {area.x, row.y, area.width, BoxHeight(layout)};
+}
+
 // The origin is added here, where the text takes it off.
 Rectangle Cursor(const Layout &layout, const Row &row) {
     const Frame &frame = layout.frame;

@@ -151,6 +151,32 @@ TEST_F(ListDrawingTest, ShowsTheCurrentColumnOfASelectedRow) {
     EXPECT_EQ(Picture::Of(list).Count(orange), 0) << "there is no such column any more";
 }
 
+// A cell begins to the left of its column, and bars end in the margin: where rows do not clear.
+TEST_F(ListDrawingTest, LeavesNothingOfABarBehind) {
+    for (const bool icons : {false, true}) {
+        Widget list = MakeWithSelection(Numbered(6), {"row 1"},
+                                        {{XmNarmColor, static_cast<XtArgVal>(Colour("orange"))},
+                                         {XmNvisibleItemCount, 4},
+                                         {XmNlistMarginWidth, 8},
+                                         {XmNshowIcons, icons}});
+        int width = 24;
+        LmListSetFields(list, &width, 1);
+        PartOf(list).current_field = 0;
+        Show();
+        for (const int top : {2, 1})
+            Set(list, {{XmNtopItemPosition, top}});
+        const Picture scrolled = Picture::Of(list);
+        EXPECT_GT(scrolled.Count(Colour("orange")), 0);
+        ShowAnew(list);
+        EXPECT_TRUE(SamePicture(Picture::Of(list), scrolled));
+        LmListSetPositionAttributes(list, 2, nullptr, 0, 0);
+        const Picture unselected = Picture::Of(list);
+        ShowAnew(list);
+        EXPECT_TRUE(SamePicture(Picture::Of(list), unselected));
+        XtDestroyWidget(list);
+    }
+}
+
 TEST_F(ListDrawingTest, CopiesIconsIntoTheirColumn) {
     Widget list = Make({"one", "two", "three"}, {{XmNshowIcons, True}});
     Show();
