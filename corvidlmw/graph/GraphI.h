@@ -165,8 +165,9 @@ struct Figure {
 // What is on the overview's window, beside what the graph's record says of it.
 struct OverviewState {
     bool frame_shown = false;
-    OwnedRegion painted_over; // where marks have covered the frame since it was drawn
-    Window prepared = None;   // has its bit gravity
+    OwnedRegion painted_over;   // where marks have covered the frame since it was drawn
+    bool frame_scrolls = false; // the graph is being scrolled to where the frame was dragged
+    Window prepared = None;     // has its bit gravity
     // Number of the request that cleared the window and asked for its exposure; zero after that.
     unsigned long clear_request = 0;
 };
@@ -449,7 +450,6 @@ std::vector<Widget> SubgraphOf(Widget graph);
 // The node, `subgraph_nodes` and their arcs, with no word of the nodes.
 void SelectSubgraph(Widget graph, Widget root);
 
-// ---- Structure.cpp, Viewport.cpp -------------------------------------------------------------------------------------
 // ---- Viewport.cpp, Overview.cpp ------------------------------------------------------------------------------------
 
 void ForgetButterflyRoot(Widget graph);

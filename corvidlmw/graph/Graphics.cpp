@@ -174,5 +174,4 @@ void FreeGraphGCs(Widget w) {
     }
 }
 
-// The clip window may be going and take the cover with it.
 } // namespace corvidlmw::graph

@@ -380,9 +380,11 @@ void LayoutNow(Widget w) {
     if (NumChildrenOf(w) > 1 && graph.layout_proc) {
         (*graph.layout_proc)(w);
     }
-    // It may have run in the middle of a drag, which looks at the dragged nodes only.
+    // It may have run in the middle of a drag, which looks at the dragged nodes only; and a client's own
+    // procedure need not tell of what it moved.
     if (!watch.Died()) {
         ForgetNodeIndex(w);
+        RefreshOverview(w);
     }
 }
 

@@ -63,6 +63,9 @@ bool UpdateScale(Widget w, Widget overview) {
 }
 
 void FillRectangles(Widget w, Widget overview) {
+    if (overview_rectangle_list.count == 0) {
+        return;
+    }
     XFillRectangles(XtDisplay(overview), XtWindow(overview), GraphOf(w).overview_node_gc,
                     overview_rectangle_list.rectangles, overview_rectangle_list.count);
     overview_rectangle_list.count = 0;
@@ -147,9 +150,24 @@ void PrepareWindow(Widget w, Widget overview) {
     }
 }
 
+// The frame is a shadow of the overview's own, seen through exclusive or. A client gives an overview its
+// colours after it is made, so they are taken whenever no frame is on it.
+void TakeShadowColors(Widget w, Widget overview) {
+    const auto &graph = GraphOf(w);
+    const auto &shadow = ManagerOf(overview);
+    auto set = [&](GC gc, Pixel color) {
+        const Pixel value = color ^ overview->core.background_pixel;
+        XSetForeground(XtDisplay(w), gc, value);
+        XSetBackground(XtDisplay(w), gc, value);
+    };
+    set(graph.overview_viewport_bottom_gc, shadow.top_shadow_color);
+    set(graph.overview_viewport_top_gc, shadow.bottom_shadow_color);
+}
+
 // A frame that is being dragged stays under the pointer.
 void PaintFrame(Widget w) {
-    if (GraphOf(w).overview_dragging) {
+    TakeShadowColors(w, GraphOf(w).overview);
+    if (IsDragged(w)) {
         ShowFrame(w);
     } else {
         FollowScroll(w);
@@ -231,19 +249,6 @@ void AttachOverview(Widget w, Widget overview) {
     XtAddEventHandler(overview, ButtonPressMask, False, handle_overview_btndown, w);
     XtAddEventHandler(overview, ButtonReleaseMask, False, handle_overview_btnup, w);
     XtAddEventHandler(overview, Button1MotionMask, False, handle_overview_mouse_motion, w);
-}
-
-// The frame is a shadow of the overview's own, seen through exclusive or.
-void TakeShadowColors(Widget w, Widget overview) {
-    const auto &graph = GraphOf(w);
-    const auto &shadow = ManagerOf(overview);
-    auto set = [&](GC gc, Pixel color) {
-        const Pixel value = color ^ overview->core.background_pixel;
-        XSetForeground(XtDisplay(w), gc, value);
-        XSetBackground(XtDisplay(w), gc, value);
-    };
-    set(graph.overview_viewport_bottom_gc, shadow.top_shadow_color);
-    set(graph.overview_viewport_top_gc, shadow.bottom_shadow_color);
 }
 
 // The GCs are of the graph's screen and depth.

@@ -94,6 +94,19 @@ void MoveFrame(Widget w, const Rectangle &frame) {
 
 // ---- Dragging -----------------------------------------------------------------------------------------
 
+bool IsAnyButtonHeld(Widget w) {
+    constexpr unsigned buttons =
+        Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask;
+    Window root = None;
+    Window child = None;
+    Point in_root;
+    Point in_window;
+    unsigned state = 0;
+    XQueryPointer(XtDisplay(w), XtWindow(w), &root, &child, &in_root.x, &in_root.y, &in_window.x,
+                  &in_window.y, &state);
+    return (state & buttons) != 0;
+}
+
 // Its corner jumps to the pointer. Outside of a scrolled window it stands for nothing and is drawn all
 // the same; where there is no picture there is no frame.
 void PutFrameAt(Widget w, int x, int y) {
@@ -108,8 +121,14 @@ void PutFrameAt(Widget w, int x, int y) {
 // The graph may be dead afterwards.
 void ScrollToFrame(Widget w) {
     const auto &graph = GraphOf(w);
-    if (graph.in_scrolled_window && ScaleOf(w).IsSet()) {
-        ScrollTo(w, overview::GraphPlaceOf(ScaleOf(w), {graph.viewport_x, graph.viewport_y}));
+    if (!graph.in_scrolled_window || !ScaleOf(w).IsSet()) {
+        return;
+    }
+    Watch watch(w);
+    StateOf(w).overview.frame_scrolls = true;
+    ScrollTo(w, overview::GraphPlaceOf(ScaleOf(w), {graph.viewport_x, graph.viewport_y}));
+    if (!watch.Died()) {
+        StateOf(w).overview.frame_scrolls = false;
     }
 }
 
@@ -129,9 +148,20 @@ void ForgetFrame(Widget w) {
     StateOf(w).overview.painted_over.reset();
 }
 
+// An overview that is hidden or made insensitive in the middle of a drag, or shut out by a modal dialog,
+// never gets the release. So where something else than the drag asks, the server says whether a button
+// is still held.
+bool IsDragged(Widget w) {
+    auto &graph = GraphOf(w);
+    if (graph.overview_dragging && !StateOf(w).overview.frame_scrolls) {
+        graph.overview_dragging = IsAnyButtonHeld(graph.overview) ? 1 : 0;
+    }
+    return graph.overview_dragging != 0;
+}
+
 void FollowScroll(Widget w) {
     const auto &graph = GraphOf(w);
-    if (graph.overview_dragging) {
+    if (IsDragged(w)) {
         return;
     }
     if (!graph.in_scrolled_window || !ScaleOf(w).IsSet()) {
@@ -173,7 +203,8 @@ void handle_overview_mouse_motion(Widget, XtPointer client_data, XEvent *event, 
     }
 }
 
-// To where the frame stands, which need not be where the button was let go.
+// To where the frame stands, which need not be where the button was let go. The bars may have stopped
+// short of it: then the frame goes back to what is in view.
 void handle_overview_btnup(Widget, XtPointer client_data, XEvent *, Boolean *) {
     auto w = static_cast<Widget>(client_data);
     if (IsBeingDestroyed(w)) {
@@ -181,8 +212,12 @@ void handle_overview_btnup(Widget, XtPointer client_data, XEvent *, Boolean *) {
     }
     Watch watch(w);
     ScrollToFrame(w);
-    if (!watch.Died()) {
-        GraphOf(w).overview_dragging = 0;
+    if (watch.Died()) {
+        return;
+    }
+    GraphOf(w).overview_dragging = 0;
+    if (CanPaintOverview(w) && GraphOf(w).in_scrolled_window) {
+        FollowScroll(w);
     }
 }
 

@@ -28,6 +28,8 @@ bool CanPaintOverview(Widget graph);
 
 // ---- OverviewFrame.cpp ------------------------------------------------------------------------------
 
+// Whether the pointer holds the frame; there is a window.
+bool IsDragged(Widget graph);
 // Draws the frame where it is.
 void ShowFrame(Widget graph);
 // The window was cleared: no frame is on it.

@@ -76,6 +76,9 @@ TEST_F(Overview, ShowsNodesArcsMarksAndTheFrame) {
     EXPECT_EQ(picture.At(x + 20, y), light);
     EXPECT_EQ(picture.At(x + width, y), light);
     EXPECT_EQ(picture.At(x + width, y + 1), dark);
+    XtVaSetValues(overview, XmNbackground, Colour("yellow"), nullptr);
+    Pump();
+    EXPECT_EQ(Shown().At(x + 20, y), light) << "a client colours it only after it is made";
 }
 
 TEST_F(Overview, BatchesItsFiguresAndPutsTheLastNodesOverTheLines) {
@@ -134,6 +137,26 @@ TEST_F(Overview, StaysTrueAfterEveryChange) {
              Drag(overview, {60, 50}, {100, 80});
              ScrollBars({200, 200});
          }},
+        {"dragged out of the picture",
+         [&] {
+             Drag(overview, {60, 50}, {280, 199});
+         }},
+        {"hidden, and let go of, in the middle of a drag",
+         [&] {
+             MoveTo(overview, 60, 50);
+             Press();
+             XtUnmanageChild(overview);
+             Release();
+             XtManageChild(overview);
+         }},
+        {"made insensitive in the middle of a drag, then scrolled",
+         [&] {
+             MoveTo(overview, 60, 50);
+             Press();
+             XtSetSensitive(overview, False);
+             Release();
+             ScrollBars({150, 150});
+         }},
         {"exposed in the middle of a drag",
          [&] {
              MoveTo(overview, 60, 50);
@@ -174,6 +197,13 @@ TEST_F(Overview, StaysTrueAfterEveryChange) {
          }},
         {"an arc destroyed", [&] { XtDestroyWidget(ArcsOf(graph)[4]); }},
         {"laid out", [&] { XmGraphLayout(graph); }},
+        {"laid out by the client",
+         [&] {
+             XtVaSetValues(
+                 graph, XmNlayoutProc, +[](Widget w) { XtMoveWidget(NodesOf(w)[7], 999, 222); },
+                 nullptr);
+             XmGraphLayout(graph);
+         }},
         {"smaller", [&] { XtResizeWidget(overview, 200, 150, 0); }},
         {"larger", [&] { XtResizeWidget(overview, 320, 210, 0); }},
         {"the view is smaller", [&] { XtResizeWidget(scrolled, 300, 250, 0); }},
