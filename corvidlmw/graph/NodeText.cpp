@@ -12,20 +12,22 @@ namespace {
 
 constexpr int usual_font_size = 12;
 
-// Whether objects of a class have a resource of this name that is a pointer to what one of these types
-// stands for. A query of anything else would write over the variable or give what is no such pointer.
-bool HasResource(WidgetClass node_class, const char *name,
-                 std::initializer_list<const char *> types) {
+// Whether a query by this name can give nothing but a pointer to what one of these types stands for. That
+// of another resource would write over the variable or give what is no such pointer. A resource that is
+// not listed may be a hidden part's, as that of a text widget's font is, or missing: then nothing is given.
+bool CanAsk(WidgetClass node_class, const char *name, std::initializer_list<const char *> types) {
     XtResourceList list = nullptr;
     Cardinal count = 0;
     XtGetResourceList(node_class, &list, &count);
     const OwnedXtBlock<XtResource> owner(list);
-    return std::any_of(list, list + count, [&](const XtResource &resource) {
-        return std::strcmp(resource.resource_name, name) == 0 &&
-               resource.resource_size == sizeof(XtPointer) &&
+    const auto is_one = [&](const XtResource &resource) {
+        return resource.resource_size == sizeof(XtPointer) &&
                std::any_of(types.begin(), types.end(), [&](const char *type) {
                    return std::strcmp(resource.resource_type, type) == 0;
                });
+    };
+    return std::all_of(list, list + count, [&](const XtResource &resource) {
+        return std::strcmp(resource.resource_name, name) != 0 || is_one(resource);
     });
 }
 
@@ -85,7 +87,7 @@ std::vector<std::string> TextsOf(XmString label) {
 // A table of antialiased fonts has none that the toolkit's own search finds.
 int FontSizeOf(Widget node) {
     XmFontList fonts = nullptr;
-    if (HasResource(XtClass(node), XmNfontList, {XmRFontList, XmRRenderTable})) {
+    if (CanAsk(XtClass(node), XmNfontList, {XmRFontList, XmRRenderTable})) {
         XtVaGetValues(node, XmNfontList, &fonts, nullptr);
     }
     if (!fonts) {
@@ -106,7 +108,7 @@ int FontSizeOf(Widget node) {
 Labels::Source Labels::SourceFor(WidgetClass node_class) {
     auto found = sources_.find(node_class);
     if (found == sources_.end()) {
-        const Source source = {HasResource(node_class, XmNlabelString, {XmRXmString}),
+        const Source source = {CanAsk(node_class, XmNlabelString, {XmRXmString}),
                                GivesCopies(node_class)};
         found = sources_.emplace(node_class, source).first;
     }
@@ -115,7 +117,7 @@ Labels::Source Labels::SourceFor(WidgetClass node_class) {
 
 std::vector<std::string> Labels::Of(Widget node) {
     const Source source = SourceFor(XtClass(node));
-    if (!source.exists) {
+    if (!source.can_ask) {
         return {};
     }
     XmString label = ResourceOf<XmString>(node, XmNlabelString, nullptr);

@@ -21,7 +21,7 @@ public:
 
 private:
     struct Source {
-        bool exists;
+        bool can_ask;
         bool copied; // a query gives a copy, to be freed
     };
     Source SourceFor(WidgetClass node_class);

@@ -212,6 +212,15 @@ void ClearOverview(Widget w) {
 
 // ---- Changes ------------------------------------------------------------------------------------------
 
+// A callback that destroys the graph outside of a dispatch destroys it at once, and the toolkit still
+// calls the rest of the list for it: those that live and have an overview stand here.
+std::vector<Widget> graphs_with_overview;
+
+bool IsFollowed(Widget w) {
+    return std::find(graphs_with_overview.begin(), graphs_with_overview.end(), w) !=
+           graphs_with_overview.end();
+}
+
 // The frame is not drawn anew over the mark.
 void set_overview_mark(Widget w, Widget node) {
     if (!node || !NodeOf(node) || !XtIsManaged(node) || !ScaleOf(w).IsSet()) {
@@ -224,7 +233,7 @@ void set_overview_mark(Widget w, Widget node) {
 
 void update_overview(Widget w, XtPointer, XtPointer call_data) {
     const auto *change = static_cast<XmGraphCallbackStruct *>(call_data);
-    if (!CanPaintOverview(w) || !HasWindow(w)) {
+    if (!IsFollowed(w) || !CanPaintOverview(w) || !HasWindow(w)) {
         return;
     }
     switch (change ? change->reason : XmCR_LAYOUT_CHANGED) {
@@ -242,6 +251,7 @@ void overviewDestroyed(Widget, XtPointer graph, XtPointer) {
 
 void AttachOverview(Widget w, Widget overview) {
     GraphOf(w).overview = overview;
+    graphs_with_overview.push_back(w);
     StateOf(w).overview = {};
     XtAddCallback(overview, XmNdestroyCallback, overviewDestroyed, w);
     XtAddCallback(overview, XmNexposeCallback, show_overview, w);
@@ -287,6 +297,7 @@ void DetachOverview(Widget w) {
     if (HasWindow(overview) && !IsBeingDestroyed(overview)) {
         XClearWindow(XtDisplay(overview), XtWindow(overview));
     }
+    std::erase(graphs_with_overview, w);
     graph.overview = nullptr;
     graph.overview_dragging = 0;
     graph.overview_x_scale = graph.overview_y_scale = 0;

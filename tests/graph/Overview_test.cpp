@@ -315,5 +315,17 @@ TEST_F(Overview, ACallbackMayEndTheGraphOrTheOverviewInADrag) {
     }
 }
 
+TEST_F(Overview, ACallbackMayEndTheGraphAtOnce) {
+    Grid(12, 10);
+    ShowGraph();
+    XtAddCallback(
+        graph, XmNgraphChangedCallback, [](Widget w, XtPointer, XtPointer) { XtDestroyWidget(w); },
+        nullptr);
+    MakeOverview(); // its own callback comes after the client's
+    XmGraphMoveNodeQuietly(graph, NodesOf(graph)[5], 3000, 3000);
+    XmGraphAdjustSize(graph);
+    EXPECT_FALSE(Shown().BoxOfOthers(Colour("grey90")));
+}
+
 } // namespace
 } // namespace corvidlmw::test

@@ -3,6 +3,7 @@
 
 #include <Xm/LabelP.h>
 #include <Xm/PrimitiveP.h>
+#include <Xm/Text.h>
 
 #include <array>
 #include <cstdio>
@@ -77,6 +78,12 @@ protected:
         std::stringstream text;
         text << std::ifstream(file).rdbuf();
         return text.str();
+    }
+    int FontSize() {
+        int size = 0;
+        const std::string text = Printed();
+        std::sscanf(text.c_str() + text.find("findfont\n"), "findfont\n%d", &size);
+        return size;
     }
     // What is written of the sheets, without the fixed text in front and the outline of each.
     std::vector<std::string> Sheets() {
@@ -242,10 +249,14 @@ TEST_F(Print, AnAntialiasedFontHasASizeToo) {
                              "*large.fontName: Sans", "*large.fontSize: 24"})
         SetResource(line);
     Labelled("a", {0, 0}, {}, xmLabelWidgetClass);
-    int size = 0;
-    const std::string text = Printed();
-    ASSERT_EQ(std::sscanf(text.c_str() + text.find("findfont\n"), "findfont\n%d", &size), 1);
+    const int size = FontSize();
     EXPECT_TRUE(size > 20 && size < 60) << size;
+}
+
+TEST_F(Print, AFontThatAPartOfTheNodeHoldsCountsToo) {
+    SetResource("*XmText.fontList: 10x20");
+    XtVaCreateManagedWidget("text", xmTextWidgetClass, graph, nullptr);
+    EXPECT_EQ(FontSize(), 20);
 }
 
 TEST_F(Print, LeavesFilesAloneThatItCannotUse) {
