@@ -398,6 +398,7 @@ void DetachFromScrolledWindow(Widget graph);
 struct ScrollBars {
     Widget vertical = nullptr;
     Widget horizontal = nullptr;
+    bool from_right = false; // the horizontal one's values count from the graph's right end
 };
 // Of the scrolled window that the graph's parent is the clip window of; those that there are.
 ScrollBars ScrollBarsAround(Widget graph);
@@ -453,9 +454,10 @@ void SelectSubgraph(Widget graph, Widget root);
 // ---- Viewport.cpp, Overview.cpp ------------------------------------------------------------------------------------
 
 void ForgetButterflyRoot(Widget graph);
-// Sets the scroll bars, vertical first, as near to these values as they go, and tells their callbacks.
+// Sets the scroll bars, vertical first, so that this place comes as near to the view's upper left corner as
+// they go, and tells their callbacks.
 // The graph may be dead afterwards.
-void ScrollTo(Widget graph, const Point &values);
+void ScrollTo(Widget graph, const Point &corner);
 
 // The overview and the graph forget each other; the window shows nothing any more.
 void DetachOverview(Widget graph);

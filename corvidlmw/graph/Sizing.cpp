@@ -32,8 +32,11 @@ ScrollBars BarsOf(Widget scrolled) {
     if (!scrolled || !XmIsScrolledWindow(scrolled)) {
         return {};
     }
+    const auto direction = ResourceOf<XmDirection>(scrolled, XmNlayoutDirection, XmLEFT_TO_RIGHT);
     return {.vertical = ResourceOf<Widget>(scrolled, XmNverticalScrollBar, nullptr),
-            .horizontal = ResourceOf<Widget>(scrolled, XmNhorizontalScrollBar, nullptr)};
+            .horizontal = ResourceOf<Widget>(scrolled, XmNhorizontalScrollBar, nullptr),
+            .from_right =
+                XmDirectionMatchPartial(direction, XmRIGHT_TO_LEFT, XmHORIZONTAL_MASK) != False};
 }
 
 // The scrolled window in automatic mode, which put its clip window between itself and the graph.

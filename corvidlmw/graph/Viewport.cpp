@@ -37,18 +37,19 @@ bool ReadBar(Widget w, Bar &bar) {
     return true;
 }
 
-void SetBar(Widget graph, Widget w, int wanted) {
+void SetBar(Widget graph, Widget w, int wanted, bool from_far_end = false) {
     Bar bar;
     if (!ReadBar(w, bar)) {
         return;
     }
-    const int value =
-        std::min(bar.maximum - bar.slider_size, std::max<int>(bar.minimum, CutToPosition(wanted)));
+    const int last = bar.maximum - bar.slider_size;
+    const int place = std::min(last, std::max<int>(bar.minimum, CutToPosition(wanted)));
+    const int value = from_far_end ? bar.minimum + last - place : place;
     XmScrollBarSetValues(w, value, bar.slider_size, GraphOf(graph).increment, bar.page_increment,
                          True);
 }
 
-// The bar's value for a place on an axis of the graph: the same share of its range.
+// For a place on an axis of the graph the same share of the bar's range.
 int ProportionalValue(Widget w, int place, int extent) {
     Bar bar;
     if (!ReadBar(w, bar)) {
@@ -106,11 +107,12 @@ void ForgetButterflyRoot(Widget w) {
     }
 }
 
-void ScrollTo(Widget w, const Point &values) {
+void ScrollTo(Widget w, const Point &corner) {
     Watch watch(w);
-    SetBar(w, ScrollBarsAround(w).vertical, values.y);
+    SetBar(w, ScrollBarsAround(w).vertical, corner.y);
     if (!watch.Died()) {
-        SetBar(w, ScrollBarsAround(w).horizontal, values.x);
+        const ScrollBars bars = ScrollBarsAround(w);
+        SetBar(w, bars.horizontal, corner.x, bars.from_right);
     }
 }
 

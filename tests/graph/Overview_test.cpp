@@ -242,6 +242,23 @@ TEST_F(Overview, TheFrameFollowsThePointerAndTheGraphFollowsTheFrame) {
     EXPECT_EQ(Frame().x, 100);
 }
 
+TEST_F(Overview, FromRightToLeftTheSamePlaceIsShown) {
+    XtDestroyWidget(graph);
+    SetResource("*layoutDirection: right_to_left");
+    MakeScrolledGraph();
+    const Widgets nodes = Grid(12, 10);
+    ShowGraph();
+    MakeOverview(290, 200);
+    EXPECT_EQ(PlaceOf(graph).x, -FarEnd().x) << "its right end";
+    Drag(overview, {10, 10}, {100, 30});
+    EXPECT_EQ(PlaceOf(graph), (Place{-400, -120}));
+    EXPECT_EQ(Frame().x, 100);
+    XmGraphCenterAroundWidget(graph, nodes[5 * 12 + 6]);
+    EXPECT_EQ(PlaceOf(graph).x, SizeOf(XtParent(graph)).x / 2 - 630);
+    XmGraphCenterAtPos(graph, 0, 0);
+    EXPECT_EQ(PlaceOf(graph), (Place{0, 0}));
+}
+
 TEST_F(Overview, WithoutAPictureThereIsNoFrame) {
     Widget node = Node({}, {5, 5}, false);
     ShowGraph();

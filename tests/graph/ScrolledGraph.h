@@ -29,6 +29,10 @@ protected:
         board =
             XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell, XmNmarginWidth, 0,
                                     XmNmarginHeight, 0, XmNresizePolicy, XmRESIZE_NONE, nullptr);
+        MakeScrolledGraph();
+    }
+
+    void MakeScrolledGraph() {
         graph = XmCreateScrolledGraph(board, Name("graph"), nullptr, 0);
         scrolled = XtParent(XtParent(graph));
         XtVaSetValues(scrolled, XmNwidth, 400, XmNheight, 300, nullptr);
