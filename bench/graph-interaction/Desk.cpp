@@ -24,16 +24,25 @@ unsigned MaskOf(unsigned button) {
     return static_cast<unsigned>(Button1Mask) << (button - 1);
 }
 
-} // namespace
-
-Desk::Desk(int nodes) {
-    context_ = XtCreateApplicationContext();
-    int argc = 0;
-    display_ = XtOpenDisplay(context_, nullptr, "bench", "Bench", nullptr, 0, &argc, nullptr);
-    if (!display_) {
+// One for all desks, and never closed: the toolkit keeps GCs of a closed connection, and gives them to the
+// next one that comes to lie at the same address.
+Display *SharedDisplay() {
+    static Display *const shared = [] {
+        int argc = 0;
+        return XtOpenDisplay(XtCreateApplicationContext(), nullptr, "bench", "Bench", nullptr, 0,
+                             &argc, nullptr);
+    }();
+    if (!shared) {
         std::fprintf(stderr, "bench: no connection to the X server\n");
         std::exit(EXIT_FAILURE);
     }
+    return shared;
+}
+
+} // namespace
+
+Desk::Desk(int nodes)
+    : display_(SharedDisplay()), context_(XtDisplayToApplicationContext(display_)) {
     shell_ =
         XtVaAppCreateShell("bench", "Bench", topLevelShellWidgetClass, display_, XmNx, 0, XmNy, 0,
                            XmNwidth, 1030, XmNheight, 830, XmNoverrideRedirect, True, nullptr);
@@ -51,7 +60,6 @@ Desk::Desk(int nodes) {
 
 Desk::~Desk() {
     XtDestroyWidget(shell_);
-    XtDestroyApplicationContext(context_);
 }
 
 void Desk::CreateNodes(int count) {

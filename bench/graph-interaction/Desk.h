@@ -40,8 +40,8 @@ private:
     void CreateArcs();
     void Join(int from, int to);
 
-    XtAppContext context_;
     Display *display_;
+    XtAppContext context_;
     Widget shell_;
     Widget graph_;
     std::vector<Widget> nodes_;

@@ -137,6 +137,7 @@ Costs MeasureSize(int nodes) {
             desk.Pump();
         });
     costs.repaint = Measure(desk, 20, [&](int) { DispatchExposure(overview); });
+    XtDestroyWidget(XtParent(overview));
     return costs;
 }
 
