@@ -21,10 +21,7 @@ int TopWithout(const LmListPart &list, int row, int count) {
     return above || (IsAboveBottom(list, row) && ends_in_view) ? std::max(top - count, 0) : top;
 }
 
-void PullCursor(LmListPart &list, int row, int count) {
-    if (row > list.current_keyboard_item) {
-        return;
-    }
+void PullCursor(LmListPart &list, int count) {
     list.current_keyboard_item = std::max(list.current_keyboard_item - count, 0);
     if (SelectsRanges(list)) {
         list.last_highlighted = list.current_keyboard_item;
@@ -33,40 +30,45 @@ void PullCursor(LmListPart &list, int row, int count) {
 
 void CloseEmptied(Widget w) {
     ListOf(w).top_item_position = 0;
-    ClearInnerArea(w, False);
+    ClearRows(w, False);
     CloseChange(w);
 }
 
-// The top is set first, so that the bar is told once. A new size of the window can move it meanwhile.
-void CloseAtTop(Widget w, int top, bool redraw) {
+// The top is set first, so that the bar is told once. True if a new size of the window moved it meanwhile.
+bool CloseAtTop(Widget w, int top) {
     auto &list = ListOf(w);
     list.top_item_position = top;
     CloseChange(w);
-    if (list.top_item_position != top) {
-        EraseCursor(w);
-        list.top_item_position = top;
-        SetVerticalScrollbar(w);
-        redraw = true;
+    if (list.top_item_position == top) {
+        return false;
     }
-    if (redraw) {
-        DrawList(w);
-    }
+    EraseCursor(w);
+    list.top_item_position = top;
+    SetVerticalScrollbar(w);
+    return true;
 }
 
 void DeleteRun(Widget w, int row, int count) {
     auto &list = ListOf(w);
     const int top = TopWithout(list, row, count);
-    const bool redraw = IsAboveBottom(list, row) || top != list.top_item_position;
-    if (row <= list.current_keyboard_item || top != list.top_item_position) {
+    const bool moves_top = top != list.top_item_position;
+    const bool moves_cursor = row <= list.current_keyboard_item;
+    bool redraw = moves_top || IsAboveBottom(list, row);
+    if (moves_cursor || moves_top) {
         EraseCursor(w);
     }
     RemoveRows(w, row, count);
     BuildSelectedList(list, true);
-    PullCursor(list, row, count);
+    if (moves_cursor) {
+        PullCursor(list, count);
+    }
     if (list.item_count == 0) {
         CloseEmptied(w);
-    } else {
-        CloseAtTop(w, top, redraw);
+        return;
+    }
+    redraw = CloseAtTop(w, top) || redraw;
+    if (moves_cursor || redraw) {
+        DrawChange(w, redraw);
     }
 }
 
@@ -124,33 +126,34 @@ RowSet TakePositions(Widget w, std::span<int> positions) {
     return rows;
 }
 
-// The cursor can be left one past the end.
-void KeepCursorNearRows(LmListPart &list) {
+// The cursor can be left one past the end, and is brought back when all rows are drawn. True if so.
+bool LeaveCursorBehind(LmListPart &list) {
     if (list.current_keyboard_item < list.element_count) {
-        return;
+        return false;
     }
     list.current_keyboard_item = list.element_count;
     if (list.automatic_selection && SelectsRanges(list)) {
         list.last_highlighted = list.element_count;
     }
+    return list.traversing != False;
 }
 
 void DeleteRows(Widget w, const RowSet &rows) {
     auto &list = ListOf(w);
     const int first = rows.Next(0);
-    const bool in_view = first >= 0 && IsAboveBottom(list, first);
+    bool redraw = first >= 0 && IsAboveBottom(list, first);
     RemoveRowSet(w, rows);
-    KeepCursorNearRows(list);
+    redraw = LeaveCursorBehind(list) || redraw;
     BuildSelectedList(list, true);
     if (list.item_count == 0) {
         // The top stays: the next rows bring it back.
-        ClearInnerArea(w, False);
+        ClearRows(w, False);
         CloseChange(w);
         return;
     }
-    const bool top_moved = PullTopBack(list);
+    redraw = PullTopBack(list) || redraw;
     CloseChange(w);
-    DrawChange(w, in_view || top_moved);
+    DrawChange(w, redraw);
 }
 
 } // namespace
@@ -232,7 +235,7 @@ void LmListDeleteAllItems(Widget w) {
     EraseCursor(w);
     RemoveAllRows(w);
     ClearSelectedList(list);
-    ClearInnerArea(w, False);
+    ClearRows(w, False);
     if (!IsVariable(list)) {
         SetHorizontalScrollbar(w);
     }

@@ -35,7 +35,7 @@ void SelectByPolicy(Widget w, int row) {
 
 // ---- Deselecting ------------------------------------------------------------------------------------
 
-// A row that is drawn takes a part of the cursor with it.
+// A row that is drawn takes a part of the cursor with it, also that of a neighbour.
 void DeselectRow(Widget w, int row) {
     auto &list = ListOf(w);
     if (row < 0) {
@@ -44,9 +44,7 @@ void DeselectRow(Widget w, int row) {
     SetBothSelected(list, row, false);
     BuildSelectedList(list, true);
     DrawItem(w, row);
-    if (row == list.current_keyboard_item) {
-        ShowCursor(w);
-    }
+    ShowCursor(w);
 }
 
 // ---- Add mode -----------------------------------------------------------------------------------------
@@ -80,6 +78,9 @@ bool SelectRow(Widget w, int row, bool notify) {
         return false;
     }
     SetSelectionParams(w);
+    if (StateOf(w).selected.empty()) {
+        ShowCursor(w);
+    }
     return true;
 }
 

@@ -360,10 +360,10 @@ void DrawHighlight(Widget w, int row, bool on) {
     }
 }
 
-void ClearInnerArea(Widget w, Boolean exposures) {
+void ClearRows(Widget w, Boolean exposures) {
     if (HasWindow(w)) {
-        const bool more = std::exchange(StateOf(w).bars_reach_out, false);
-        ClearArea(w, more ? BarArea(FrameOf(w)) : InnerArea(FrameOf(w)), exposures);
+        StateOf(w).bars_reach_out = false;
+        ClearArea(w, {0, 0, w->core.width, w->core.height}, exposures);
     }
 }
 

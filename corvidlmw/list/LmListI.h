@@ -269,7 +269,8 @@ void DrawList(Widget w);
 void DrawItem(Widget w, int row);
 // The location cursor at a row; -1 is no row.
 void DrawHighlight(Widget w, int row, bool on);
-void ClearInnerArea(Widget w, Boolean exposures);
+// All but the frame: bars and the cursor reach beyond the inner area.
+void ClearRows(Widget w, Boolean exposures);
 
 // Before a change of where the location cursor is; the caller shows it again.
 inline void EraseCursor(Widget w) {

@@ -96,11 +96,9 @@ void RebuildHeights(LmListPart &list) {
     StateOf(list).pitch = pitch;
 }
 
-// The cursor reaches beyond the inner area.
 void ClearForHeight(Widget w) {
     if (ListOf(w).update) {
-        EraseCursor(w);
-        ClearInnerArea(w, True);
+        ClearRows(w, True);
     }
 }
 
