@@ -7,8 +7,8 @@
 
 // Xlib compares the names of resources by the length of the longer one: memcmp is held to what it reads.
 extern "C" const char *__asan_default_options() {
-    return "detect_leaks=1:detect_stack_use_after_return=1:strict_init_order=1:strict_memcmp="
-           "0" UNWIND;
+    return "detect_leaks=1:detect_stack_use_after_return=1:strict_init_order=1"
+           ":strict_memcmp=0" UNWIND;
 }
 
 extern "C" const char *__ubsan_default_options() {
