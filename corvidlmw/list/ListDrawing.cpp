@@ -85,6 +85,19 @@ Rectangle TextAreaOf(Widget w, bool own_look) {
     return !own_look && StateOf(w).normal_clipped_to_bars ? BarArea(frame) : InnerArea(frame);
 }
 
+// What no row clears is cleared together with the next ones that are drawn.
+void NoteReach(Widget w, const Layout &layout, const Row &row, const Rectangle &drawn) {
+    auto &state = StateOf(w);
+    state.rows_reach_out = state.rows_reach_out || ReachesOut(layout, row, drawn);
+}
+
+// A bar leaves its clip, in which text reaches into the margin.
+void NoteText(Widget w, const Layout &layout, const Row &row, Point at) {
+    if (StateOf(w).normal_clipped_to_bars) {
+        NoteReach(w, layout, row, {at.x, at.y, row.width, layout.max_item_height});
+    }
+}
+
 XmFontList FontsOf(const LmListPart &list, const LmListElement &element) {
     return element.gc && element.font_list ? element.font_list : list.font_list;
 }
@@ -140,12 +153,6 @@ private:
     Widget widget_;
     bool clipped_ = false;
 };
-
-// What no row clears is cleared together with the next ones that are drawn.
-void NoteReach(Widget w, const Layout &layout, const Row &row, const Rectangle &drawn) {
-    auto &state = StateOf(w);
-    state.bars_reach_out = state.bars_reach_out || ReachesOut(layout, row, drawn);
-}
 
 // The text stands there already, but for its indent: antialiased text drawn over itself would get
 // bolder outside of the cell.
@@ -229,11 +236,12 @@ void DrawRowAlone(Widget w, int row_number, const Layout &layout, BarClip &bar_c
     element.drawn_selected = element.selected;
     const Row row = RowOf(w, row_number);
     const int row_width = RowWidthOfOne(layout);
-    ClearArea(w, StateOf(list).bars_reach_out ? Strip(layout, row) : ClearedOfOne(layout, row));
+    ClearArea(w, StateOf(list).rows_reach_out ? Strip(layout, row) : ClearedOfOne(layout, row));
     DrawIcon(w, element, IconOrigin(layout, row));
+    const Point at = TextOrigin(layout, row, row_width);
+    NoteText(w, layout, row, at);
     auto *const draw_text = element.gc ? DrawTextOfOwnLook : DrawUsualText;
-    draw_text(w, element, Fill(layout, row, element.gc != nullptr),
-              TextOrigin(layout, row, row_width),
+    draw_text(w, element, Fill(layout, row, element.gc != nullptr), at,
               std::max(row_width - layout.icon_column_width, 0));
     if (element.selected) {
         bar_clip.Clip();
@@ -269,7 +277,9 @@ void DrawRowUnselected(Widget w, int row_number, const Layout &layout) {
     element.drawn_selected = False;
     DrawIcon(w, element, IconOrigin(layout, row));
     if (!element.selected) {
-        DrawImage(w, element, TextOrigin(layout, row, row_width), row_width);
+        const Point at = TextOrigin(layout, row, row_width);
+        NoteText(w, layout, row, at);
+        DrawImage(w, element, at, row_width);
     }
 }
 
@@ -318,7 +328,7 @@ void DrawList(Widget w) {
     PlaceBaseY(w);
     const Layout layout = LayoutOf(w);
     const RowRange rows = RowsInView(list);
-    if (std::exchange(StateOf(list).bars_reach_out, false)) {
+    if (std::exchange(StateOf(list).rows_reach_out, false)) {
         ClearArea(w, BarArea(layout.frame));
     }
     DrawRowsUnselected(w, rows, layout);
@@ -362,7 +372,7 @@ void DrawHighlight(Widget w, int row, bool on) {
 
 void ClearRows(Widget w, Boolean exposures) {
     if (HasWindow(w)) {
-        StateOf(w).bars_reach_out = false;
+        StateOf(w).rows_reach_out = false;
         ClearArea(w, {0, 0, w->core.width, w->core.height}, exposures);
     }
 }

@@ -60,7 +60,7 @@ struct ListState {
     std::optional<Rectangle> clip;           // of all GCs that are clipped to the inner area
     std::optional<Rectangle> highlight_clip; // of highlight_gc
     bool normal_clipped_to_bars = false;     // normal_gc alone is not
-    bool bars_reach_out = false;             // some that are shown
+    bool rows_reach_out = false;             // into what they do not clear
     Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
     bool in_query = false;
     std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them

@@ -102,10 +102,10 @@ Rectangle Fill(const Layout &layout, const Row &row, bool own_look);
 Rectangle Bar(const Layout &layout, const Row &row);
 // The column's cell in a selected row, with the shadow around it. `field` is an index of `widths`.
 Rectangle Cell(const Layout &layout, const Row &row, std::span<const int> widths, int field);
-// Whether a bar or a cell shows where the row's own clearing, alone or with all others, does not reach: in a
-// wide margin, or where icons stand.
+// Whether something clipped to the bars' area shows where the row's own clearing, alone or with all others,
+// does not reach: in the margin, or where icons stand.
 bool ReachesOut(const Layout &layout, const Row &row, const Rectangle &drawn);
-// All that a bar and its cell can cover.
+// All that a row can cover.
 Rectangle Strip(const Layout &layout, const Row &row);
 // The location cursor, as a frame of the highlight's thickness.
 Rectangle Cursor(const Layout &layout, const Row &row);

@@ -9,6 +9,7 @@
 #include <Xm/ScrolledW.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace corvidlmw::list {
 
@@ -215,6 +216,15 @@ void TellHorizontal(Widget w) {
     }
 }
 
+// The window shows the rows at the old origin, with the cursor.
+void ShowMoved(Widget w, Position old_origin) {
+    auto &list = ListOf(w);
+    const Position origin = std::exchange(list.x_origin, old_origin);
+    EraseCursor(w);
+    list.x_origin = origin;
+    DrawList(w);
+}
+
 } // namespace
 
 // ---- Life -----------------------------------------------------------------------------------------------
@@ -296,6 +306,7 @@ void SetHorizontalScrollbar(Widget w) {
     }
     const Boolean was_in_update = list.in_scroll_update;
     const int visible = list.visible_item_count;
+    const Position origin = list.x_origin;
     list.in_scroll_update = True;
     if (list.element_count > 0) {
         RecomputeMaxWidth(list);
@@ -308,6 +319,9 @@ void SetHorizontalScrollbar(Widget w) {
     ShowBar(list.horizontal_scroll_bar, needed);
     TellHorizontal(w);
     list.in_scroll_update = was_in_update;
+    if (list.x_origin != origin) {
+        ShowMoved(w, origin);
+    }
     if (list.visible_item_count != visible) {
         SetVerticalScrollbar(w);
     }

@@ -151,22 +151,32 @@ TEST_F(ListDrawingTest, ShowsTheCurrentColumnOfASelectedRow) {
     EXPECT_EQ(Picture::Of(list).Count(orange), 0) << "there is no such column any more";
 }
 
-// A cell begins to the left of its column, and bars end in the margin: where rows do not clear.
+// A cell begins to the left of its column, bars end in the margin, and text beside a bar is clipped as that
+// one is: where rows do not clear.
 TEST_F(ListDrawingTest, LeavesNothingOfABarBehind) {
-    for (const bool icons : {false, true}) {
+    struct Case {
+        bool icons;
+        int margin;
+        int field;
+    };
+    for (const auto &[icons, margin, field] :
+         {Case{false, 8, 0}, Case{true, 8, 0}, Case{false, 2, -1}}) {
         Widget list = MakeWithSelection(Numbered(6), {"row 1"},
                                         {{XmNarmColor, static_cast<XtArgVal>(Colour("orange"))},
                                          {XmNvisibleItemCount, 4},
-                                         {XmNlistMarginWidth, 8},
+                                         {XmNlistMarginWidth, margin},
                                          {XmNshowIcons, icons}});
         int width = 24;
         LmListSetFields(list, &width, 1);
-        PartOf(list).current_field = 0;
+        PartOf(list).current_field = field;
         Show();
-        for (const int top : {2, 1})
-            Set(list, {{XmNtopItemPosition, top}});
+        for (const int origin : {8, 0}) {
+            PartOf(list).x_origin = static_cast<Position>(origin);
+            for (const int top : {2, 1})
+                Set(list, {{XmNtopItemPosition, top}});
+        }
         const Picture scrolled = Picture::Of(list);
-        EXPECT_GT(scrolled.Count(Colour("orange")), 0);
+        EXPECT_EQ(scrolled.Count(Colour("orange")) > 0, field == 0);
         ShowAnew(list);
         EXPECT_TRUE(SamePicture(Picture::Of(list), scrolled));
         LmListSetPositionAttributes(list, 2, nullptr, 0, 0);

@@ -199,6 +199,24 @@ TEST_F(ListSizingTest, ScrollsByItsBars) {
     EXPECT_EQ(texts[0].numbers[0], 7 - 10);
 }
 
+TEST_F(ListSizingTest, ShowsItsRowsWhereTheBarIsWhenTheWidestGoes) {
+    Widget list = MakeScrolled({"a short one", "another", std::string(40, 'w')},
+                               {{XmNlistSizePolicy, XmCONSTANT},
+                                {XmNscrollBarDisplayPolicy, XmSTATIC},
+                                {XmNvisibleItemCount, 2},
+                                {XmNwidth, 100}});
+    Show();
+    Widget bar = PartOf(list).horizontal_scroll_bar;
+    Click(bar, bar->core.width - 6, 6);
+    Recorder recorder;
+    LmListDeletePos(list, 3);
+    Pump();
+    EXPECT_EQ(PartOf(list).x_origin, 0);
+    const auto texts = recorder.Calls("XDrawImageString", XtWindow(list));
+    ASSERT_FALSE(texts.empty());
+    EXPECT_EQ(texts.back().numbers[0], 7);
+}
+
 // The place is kept in 16 bits.
 TEST_F(ListSizingTest, ScrollsAsFarAsItCountsSideways) {
     Widget list = MakeScrolled({std::string(10'000, 'w')},
