@@ -46,18 +46,6 @@ std::vector<int> RowsOf(const RowSet &set) {
     return rows;
 }
 
-void BringIntoView(Widget w, int row) {
-    const auto &list = ListOf(w);
-    if (!list.vertical_scroll_bar) {
-        return;
-    }
-    if (row < list.top_item_position) {
-        ScrollToTop(w, row);
-    } else if (!IsAboveBottom(list, row)) {
-        ScrollToBottom(w, row);
-    }
-}
-
 template <typename T>
 void Give(T *place, int value) {
     if (place) {
@@ -108,9 +96,7 @@ Boolean LmListSetKbdItemPos(Widget w, int position) {
     if (row < 0) {
         return False;
     }
-    EraseCursor(w);
-    ListOf(w).current_keyboard_item = row;
-    ShowCursor(w);
+    PlaceCursor(w, row);
     BringIntoView(w, row);
     return True;
 }

@@ -13,15 +13,6 @@ void Deselect(Widget w, int row) {
     DrawItem(w, row);
 }
 
-void DeselectAllBut(Widget w, int kept) {
-    const RowSet &selected = StateOf(w).selected;
-    for (int row = selected.Next(0); row >= 0; row = selected.Next(row + 1)) {
-        if (row != kept) {
-            Deselect(w, row);
-        }
-    }
-}
-
 void SelectByPolicy(Widget w, int row) {
     auto &list = ListOf(w);
     if (list.selection_policy == XmMULTIPLE_SELECT) {
@@ -64,6 +55,15 @@ bool SelectionFollowsAddMode(const LmListPart &list, bool on) {
 }
 
 } // namespace
+
+void DeselectAllBut(Widget w, int kept) {
+    const RowSet &selected = StateOf(w).selected;
+    for (int row = selected.Next(0); row >= 0; row = selected.Next(row + 1)) {
+        if (row != kept) {
+            Deselect(w, row);
+        }
+    }
+}
 
 bool SelectRow(Widget w, int row, bool notify) {
     auto &list = ListOf(w);

@@ -297,6 +297,8 @@ inline int RowAtPosition(const LmListPart &list, int position) {
     return valid ? (position == 0 ? list.item_count : position) - 1 : -1;
 }
 
+// Both the selected state and the one before the gesture.
+void DeselectAllBut(Widget w, int kept);
 // Selects a row as the policy has it, which in multiple selection can also be to unselect it. With
 // `notify` the client hears of it: false if the list died of that.
 bool SelectRow(Widget w, int row, bool notify);
@@ -305,6 +307,8 @@ bool SetAddMode(Widget w, bool on);
 // Scroll so that the row is the first, or the last one in view. Rows that there are not are passed over.
 void ScrollToTop(Widget w, int row);
 void ScrollToBottom(Widget w, int row);
+// Either of them where the row is out of view; nothing without a bar to scroll by.
+void BringIntoView(Widget w, int row);
 
 // ---- Hits and reports (Reports.cpp) -----------------------------------------------------------------------
 
@@ -384,9 +388,17 @@ void ArrangeRange(Widget w, int row);
 
 // The gesture goes on to another row. False if the list died of the reports.
 bool HandleNewItem(Widget w, int row);
+// The keyboard goes on to another row, as event_flags and add mode say. False if the list died of it.
+bool HandleExtendedItem(Widget w, int row);
 
-// Moves the location cursor, if there is such a row.
+// Moves the location cursor alone, if there is such a row.
 void PlaceCursor(Widget w, int row);
+
+// ---- Keys (Navigation.cpp) --------------------------------------------------------------------------------
+
+// Moves the location cursor, and the selection with it as after an arrow key. Nothing scrolls. False if the
+// list died of it.
+bool MoveCursor(Widget w, int row);
 
 // ---- The icon column (IconArming.cpp) ---------------------------------------------------------------------
 
@@ -421,6 +433,38 @@ Action ExSelect;
 Action ExUnSelect;
 Action CtrlSelect;
 Action CtrlUnSelect;
+Action KbdSelectElement;
+Action KbdUnSelectElement;
+Action KbdShiftSelect;
+Action KbdShiftUnSelect;
+Action KbdCtrlSelect;
+Action KbdCtrlUnSelect;
+Action KbdSelectAll;
+Action KbdDeSelectAll;
+Action KbdActivate;
+Action KbdCancel;
+Action KbdToggleAddMode;
+Action NormalPrevElement;
+Action NormalNextElement;
+Action CtrlPrevElement;
+Action CtrlNextElement;
+Action ShiftPrevElement;
+Action ShiftNextElement;
+Action ExtendAddPrevElement;
+Action ExtendAddNextElement;
+Action KbdPrevPage;
+Action KbdNextPage;
+Action KbdLeftChar;
+Action KbdLeftPage;
+Action KbdRightChar;
+Action KbdRightPage;
+Action BeginLine;
+Action EndLine;
+Action TopItem;
+Action EndItem;
+Action ExtendTopItem;
+Action ExtendEndItem;
+Action ListItemVisible;
 Action ListCopyToClipboard;
 Action ListProcessDrag;
 Action ListProcessBtn1;

@@ -124,6 +124,7 @@ void StartGesture(Widget w, int row) {
     } else {
         MoveAnchor(w, row);
     }
+    ShowCursor(w);
     if (list.automatic_selection && SelectsRanges(list)) {
         ClickElement(w, nullptr);
     }

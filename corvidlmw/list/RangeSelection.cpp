@@ -20,7 +20,7 @@ void ForEachIn(const RowSet &rows, RowSpan span, Act act) {
     }
 }
 
-// In either order.
+// In either order; empty where both are on one side of all rows.
 RowSpan SpanOf(const LmListPart &list, int one, int other) {
     return {std::max(std::min(one, other), 0),
             std::min(std::max(one, other), list.element_count - 1)};
@@ -31,6 +31,14 @@ void DrawSpan(Widget w, RowSpan span) {
     for (int row = std::max(span.first, rows.first); row <= span.last && row < rows.end; row++) {
         DrawItem(w, row);
     }
+}
+
+void DeselectIn(Widget w, RowSpan span) {
+    auto &list = ListOf(w);
+    ForEachIn(StateOf(list).selected, span, [&](int row) {
+        SetSelected(list, row, false);
+        DrawItem(w, row);
+    });
 }
 
 int AnchorOf(LmListPart &list) {
@@ -65,10 +73,7 @@ void SelectRange(Widget w, int first, int last, bool value) {
     auto &list = ListOf(w);
     const RowSpan span = SpanOf(list, first, last);
     if (!value) {
-        ForEachIn(StateOf(list).selected, span, [&](int row) {
-            SetSelected(list, row, false);
-            DrawItem(w, row);
-        });
+        DeselectIn(w, span);
         return;
     }
     for (int row = span.first; row <= span.last; row++) {
@@ -132,6 +137,7 @@ bool MoveBrowsedRow(Widget w, int row) {
     DrawItem(w, row);
     list.last_highlighted = list.start_item = list.end_item = row;
     if (!list.automatic_selection) {
+        ShowCursor(w);
         return true;
     }
     EraseCursor(w);
@@ -146,6 +152,29 @@ void MoveRangeEnd(Widget w, int row) {
     auto &list = ListOf(w);
     ArrangeRange(w, row);
     list.last_highlighted = list.end_item = row;
+}
+
+// The keyboard's: a single row.
+void SelectOnly(Widget w, int row) {
+    auto &list = ListOf(w);
+    list.start_item = list.end_item = list.last_highlighted = row;
+    DeselectAllBut(w, row);
+    SetBothSelected(list, row, true);
+    DrawItem(w, row);
+}
+
+// The keyboard's: the range alone, whatever else was selected.
+void SelectOnlyRange(Widget w, int row) {
+    auto &list = ListOf(w);
+    if (list.selected_item_count == 0) {
+        list.start_item = row;
+    }
+    const int start = AnchorOf(list);
+    const bool value = ElementOf(list, start).selected != False;
+    DeselectIn(w, {0, std::min(row, start) - 1});
+    DeselectIn(w, {std::max(row, start) + 1, list.element_count - 1});
+    list.end_item = list.last_highlighted = row;
+    SelectRange(w, row, start, value);
 }
 
 } // namespace
@@ -176,7 +205,25 @@ bool HandleNewItem(Widget w, int row) {
         return MoveBrowsedRow(w, row);
     }
     MoveRangeEnd(w, row);
+    ShowCursor(w);
     return true;
+}
+
+bool HandleExtendedItem(Widget w, int row) {
+    auto &list = ListOf(w);
+    const bool extends = (list.event_flags & EVENT_SHIFT) != 0;
+    if (list.last_highlighted == row || !IsRow(list, row) || (list.add_mode && !extends)) {
+        return true;
+    }
+    if (list.add_mode) {
+        MoveRangeEnd(w, row);
+    } else if (extends) {
+        SelectOnlyRange(w, row);
+    } else {
+        SelectOnly(w, row);
+    }
+    ShowCursor(w);
+    return ClickElement(w, nullptr);
 }
 
 } // namespace corvidlmw::list

@@ -58,6 +58,18 @@ void ScrollToBottom(Widget w, int row) {
     }
 }
 
+void BringIntoView(Widget w, int row) {
+    const auto &list = ListOf(w);
+    if (!list.vertical_scroll_bar) {
+        return;
+    }
+    if (row < list.top_item_position) {
+        ScrollToTop(w, row);
+    } else if (!IsAboveBottom(list, row)) {
+        ScrollToBottom(w, row);
+    }
+}
+
 } // namespace corvidlmw::list
 
 using namespace corvidlmw;

@@ -137,9 +137,7 @@ void SetSelectionParams(Widget w) {
     while (selected.Contains(list.start_item - 1)) {
         list.start_item--;
     }
-    EraseCursor(w);
-    list.current_keyboard_item = last;
-    ShowCursor(w);
+    PlaceCursor(w, last);
 }
 
 } // namespace corvidlmw::list
