@@ -44,9 +44,16 @@ XmRenderTable MakeTable(Widget w, int depth) {
     return table;
 }
 
+// A tab or a new line in a name would part the row.
+std::string InOneField(std::string text) {
+    const auto parts = [](unsigned char character) { return character < ' ' || character == 0x7f; };
+    std::replace_if(text.begin(), text.end(), parts, '?');
+    return text;
+}
+
 std::string RowText(const Entry &entry) {
     const std::string arrow = entry.target.empty() ? "" : " \xe2\x86\x92 " + entry.target;
-    return entry.name + arrow + "\t" + SizeText(entry) + "\t" + DateText(entry);
+    return InOneField(entry.name + arrow) + "\t" + SizeText(entry) + "\t" + DateText(entry);
 }
 
 Pixel Colour(Widget w, const char *name) {
