@@ -43,8 +43,9 @@ void SetOffset(XmGraphPart &graph, Point p) {
     graph.offset_y = p.y;
 }
 
+// The overview shows it at the end of the drag, which is told.
 void MoveTo(Widget w, Widget node, int x, int y) {
-    XmGraphMoveNode(w, node, CutToPosition(x), CutToPosition(y));
+    MoveNode(w, node, CutToPosition(x), CutToPosition(y));
 }
 
 XmGraphCallbackStruct MoveData(int reason, Widget object, XEvent *event) {

@@ -461,13 +461,14 @@ void ScrollTo(Widget graph, const Point &corner);
 
 // The overview and the graph forget each other; the window shows nothing any more.
 void DetachOverview(Widget graph);
-// Repaints the overview after a change that XmNgraphChangedCallback does not tell. In the middle of a
-// move by gesture it waits for the end, which is told.
+// Repaints the overview after a change that XmNgraphChangedCallback does not tell.
 void RefreshOverview(Widget graph);
 
-// ---- Structure.cpp, SelectGestures.cpp ------------------------------------------------------------------------------
+// ---- Structure.cpp ---------------------------------------------------------------------------------------------------
 
 void DestroyAllArcs(Widget graph);
+// A node with its arcs; the overview does not follow yet.
+void MoveNode(Widget graph, Widget node, Position x, Position y);
 
 // ---- Additions.cpp ---------------------------------------------------------------------------------------------------
 

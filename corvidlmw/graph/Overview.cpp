@@ -305,14 +305,8 @@ void DetachOverview(Widget w) {
 }
 
 void RefreshOverview(Widget w) {
-    if (!GraphOf(w).overview || !CanPaintOverview(w) || !HasWindow(w)) {
-        return;
-    }
-    switch (GraphOf(w).gesture_state) {
-    case GESTURE_MOVE_NODE:
-    case GESTURE_MOVE_SELECTION:
-    case GESTURE_PLACE_NODE: return;
-    default: return ClearOverview(w);
+    if (CanPaintOverview(w) && HasWindow(w)) {
+        ClearOverview(w);
     }
 }
 

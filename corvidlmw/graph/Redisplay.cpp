@@ -439,6 +439,7 @@ Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *
     redraw = UpdateGCs(current, new_w) || redraw;
     if (graph.editable != old.editable) {
         HideFigure(new_w);
+        RefreshOverview(new_w); // a drag that this cuts short is not told
         ApplyEditMode(new_w, Children(new_w));
     }
     if (relayout) {

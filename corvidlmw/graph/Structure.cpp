@@ -218,6 +218,24 @@ void DestroyAllArcs(Widget w) {
     }
 }
 
+void MoveNode(Widget w, Widget widget, Position x, Position y) {
+    if (IsBeingDestroyed(widget)) {
+        return;
+    }
+    const FigureLift lift(w);
+    NodePtr node = NodeOf(widget);
+    const bool managed = XtIsManaged(widget);
+    if (managed) {
+        EraseArcs(node->from_arcs);
+        EraseArcs(node->to_arcs);
+    }
+    _XmMoveObject(widget, x, y);
+    NoteDragged(w, widget);
+    if (managed) {
+        DrawArcsOf(node);
+    }
+}
+
 } // namespace corvidlmw::graph
 
 extern "C" {
@@ -362,30 +380,14 @@ void XmGraphDestroyAllNodes(Widget w) {
 // ---- Changes ---------------------------------------------------------------------------------------------
 
 // A node that is being destroyed stays where it is, and that is told as done.
-Boolean XmGraphMoveNode(Widget w, Widget node_widget, Position x, Position y) {
+Boolean XmGraphMoveNode(Widget w, Widget node, Position x, Position y) {
     if (!CheckGraph(w, "XmGraphMoveNode requires an XmGraph widget")) {
         return False;
     }
-    NodePtr node = node_widget && XtParent(node_widget) == w && XtIsRectObj(node_widget)
-                       ? NodeOf(node_widget)
-                       : nullptr;
-    if (!node) {
+    if (!node || XtParent(node) != w || !XtIsRectObj(node) || !NodeOf(node)) {
         return False;
     }
-    if (IsBeingDestroyed(node_widget)) {
-        return True;
-    }
-    const FigureLift lift(w);
-    const bool managed = XtIsManaged(node_widget);
-    if (managed) {
-        EraseArcs(node->from_arcs);
-        EraseArcs(node->to_arcs);
-    }
-    _XmMoveObject(node_widget, x, y);
-    NoteDragged(w, node_widget);
-    if (managed) {
-        DrawArcsOf(node);
-    }
+    MoveNode(w, node, x, y);
     RefreshOverview(w);
     return True;
 }

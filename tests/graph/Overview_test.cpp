@@ -141,6 +141,19 @@ TEST_F(Overview, StaysTrueAfterEveryChange) {
          [&] {
              Drag(overview, {60, 50}, {280, 199});
          }},
+        {"changed in the middle of a node's drag, which the end of the editing cuts short",
+         [&] {
+             ScrollBars({0, 0});
+             XtVaSetValues(graph, XmNeditable, True, nullptr);
+             MoveTo(nodes[1], 5, 5);
+             Press(Button2);
+             MoveTo(nodes[1], 15, 45);
+             XmGraphMoveNodeQuietly(graph, nodes[2], 300, 540);
+             Pump();
+             EXPECT_EQ(Shown().At(85, 143), Colour("blue")) << "and not when the drag ends";
+             XtVaSetValues(graph, XmNeditable, False, nullptr);
+             Release(Button2);
+         }},
         {"hidden, and let go of, in the middle of a drag",
          [&] {
              MoveTo(overview, 60, 50);
