@@ -111,15 +111,15 @@ void GrowRows(Widget w) {
     }
 }
 
-void SelectIfAmong(LmListPart &list, int row) {
-    const bool selected = IsAmongSelectedItems(list, list.items[row]);
+void SelectNewRow(LmListPart &list, int row, bool selected) {
     SetBothSelected(list, row, selected);
     ElementOf(list, row).drawn_selected = !selected;
 }
 
 void SelectNewRows(LmListPart &list, int row, int count) {
-    for (int i = row; list.selected_item_count > 0 && i < row + count; i++) {
-        SelectIfAmong(list, i);
+    const SelectedStrings strings(list, count);
+    for (int i = row; i < row + count; i++) {
+        SelectNewRow(list, i, strings.Contain(list.items[i]));
     }
 }
 
@@ -231,7 +231,7 @@ void ReplaceRow(Widget w, int row, XmString string, Selection selection) {
     SetBothSelected(list, row, false);
     element.drawn_selected = True;
     if (selection == Selection::ByMembership) {
-        SelectIfAmong(list, row);
+        SelectNewRows(list, row, 1);
     }
     if (element.height > list.max_item_height) {
         GrowRows(w);
@@ -267,14 +267,6 @@ int FindRow(const LmListPart &list, XmString string, int from) {
         }
     }
     return -1;
-}
-
-bool IsAmongSelectedItems(const LmListPart &list, XmString string) {
-    const std::span selected(
-        list.selected_items,
-        static_cast<std::size_t>(list.selected_items ? std::max(list.selected_item_count, 0) : 0));
-    return std::any_of(selected.begin(), selected.end(),
-                       [string](XmString one) { return XmStringCompare(one, string) != False; });
 }
 
 } // namespace corvidlmw::list

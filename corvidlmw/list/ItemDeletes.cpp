@@ -1,6 +1,4 @@
 // Rows that go by function.
-//
-// What is deleted one after the other is looked up one after the other too, in the rows that are left.
 
 #include <corvidlmw/list/LmListI.h>
 
@@ -83,25 +81,41 @@ bool PullTopBack(LmListPart &list) {
     return list.top_item_position != top;
 }
 
-// True if rows in view change by it.
-bool DeleteFirst(Widget w, XmString string) {
-    auto &list = ListOf(w);
-    const int row = FindRow(list, string);
-    if (row < 0) {
+// For each string the first row equal to it that no other has. Strings for which there is none draw a
+// warning.
+RowSet FindRows(Widget w, const XmString *strings, int count) {
+    const auto &list = ListOf(w);
+    StringBag bag;
+    RowSet rows;
+    std::for_each(strings, strings + count, [&bag](XmString string) { bag.Add(string); });
+    for (int row = 0; row < list.item_count && !bag.empty(); row++) {
+        rows.Put(row, bag.Take(list.items[row]));
+    }
+    for (int missing = bag.size(); missing > 0; missing--) {
         WarnOfMissingItem(w);
-        return false;
     }
-    // This can leave the cursor at -1.
-    if (list.current_keyboard_item >= row) {
-        list.current_keyboard_item--;
-    }
-    const bool in_view = IsAboveBottom(list, row);
-    RemoveRows(w, row, 1);
-    return in_view;
+    return rows;
 }
 
-void CloseDeletedItems(Widget w, bool redraw) {
+// The cursor moves up by the rows that go before it and its own, and so can come to -1.
+int CursorWithout(const LmListPart &list, const RowSet &rows) {
+    int cursor = list.current_keyboard_item;
+    for (int row = rows.Next(0); row >= 0 && row <= list.current_keyboard_item;
+         row = rows.Next(row + 1)) {
+        cursor--;
+    }
+    return cursor;
+}
+
+bool IsAnyAboveBottom(const LmListPart &list, const RowSet &rows) {
+    return !rows.empty() && IsAboveBottom(list, rows.Next(0));
+}
+
+void DeleteFound(Widget w, const RowSet &rows) {
     auto &list = ListOf(w);
+    bool redraw = IsAnyAboveBottom(list, rows);
+    list.current_keyboard_item = CursorWithout(list, rows);
+    RemoveRowSet(w, rows);
     BuildSelectedList(list, true);
     if (list.item_count == 0) {
         CloseEmptied(w);
@@ -140,8 +154,7 @@ bool LeaveCursorBehind(LmListPart &list) {
 
 void DeleteRows(Widget w, const RowSet &rows) {
     auto &list = ListOf(w);
-    const int first = rows.Next(0);
-    bool redraw = first >= 0 && IsAboveBottom(list, first);
+    bool redraw = IsAnyAboveBottom(list, rows);
     RemoveRowSet(w, rows);
     redraw = LeaveCursorBehind(list) || redraw;
     BuildSelectedList(list, true);
@@ -185,13 +198,10 @@ void LmListDeleteItems(Widget w, XmString *items, int count) {
         WarnOfMissingItem(w);
         return;
     }
-    const std::vector<OwnedXmString> copies = CopiesOf(items, count);
+    // They can be the list's own strings, and are all found before any goes.
+    const RowSet rows = FindRows(w, items, count);
     EraseCursor(w);
-    bool redraw = false;
-    for (const OwnedXmString &copy : copies) {
-        redraw = DeleteFirst(w, copy.get()) || redraw;
-    }
-    CloseDeletedItems(w, redraw);
+    DeleteFound(w, rows);
 }
 
 void LmListDeletePos(Widget w, int position) {

@@ -8,6 +8,7 @@
 #include <corvidlmw/list/RowGeometry.h>
 #include <corvidlmw/list/RowSet.h>
 #include <corvidlmw/list/SlackArray.h>
+#include <corvidlmw/list/StringBag.h>
 #include <corvidlmw/list/Tally.h>
 #include <corvidlmw/list/TextWidths.h>
 
@@ -178,7 +179,6 @@ void RemoveAllRows(Widget w);
 int FindRow(const LmListPart &list, XmString string, int from = 0);
 // Strings that a client passes can be the list's own, and go while they are still needed.
 std::vector<OwnedXmString> CopiesOf(const XmString *strings, int count);
-bool IsAmongSelectedItems(const LmListPart &list, XmString string);
 
 // Gives a row another icon, or indent; heights and widths that are kept of all rows follow.
 void SetRowIcon(Widget w, int row, Pixmap icon, Dimension width, Dimension height);
@@ -212,6 +212,17 @@ inline void SetBothSelected(LmListPart &list, int row, bool selected) {
     SetSelected(list, row, selected);
     SetLastSelected(list, row, selected);
 }
+
+// The strings of selected_items, for as long as they stay, to be asked this often.
+class SelectedStrings {
+public:
+    SelectedStrings(const LmListPart &list, int lookups);
+    bool Contain(XmString string) const;
+
+private:
+    std::span<const XmString> strings_;
+    StringBag bag_; // of them, if there are many
+};
 
 // Rebuilds selected_items, selected_positions and selected_item_count from the rows. With `remember`
 // the rows' present states become those before the next gesture.

@@ -67,10 +67,32 @@ void SetLastSelected(LmListPart &list, int row, bool selected) {
 
 void SelectByMembership(LmListPart &list) {
     const int wanted = list.selected_item_count > 0 ? list.element_count : 0;
+    const SelectedStrings strings(list, wanted);
     DeselectAll(list);
     for (int row = 0; row < wanted; row++) {
-        SetBothSelected(list, row, IsAmongSelectedItems(list, list.items[row]));
+        SetBothSelected(list, row, strings.Contain(list.items[row]));
     }
+}
+
+// ---- Strings --------------------------------------------------------------------------------------
+
+SelectedStrings::SelectedStrings(const LmListPart &list, int lookups)
+    : strings_(list.selected_items,
+               static_cast<std::size_t>(list.selected_items ? std::max(list.selected_item_count, 0)
+                                                            : 0)) {
+    constexpr int few = 8;
+    if (lookups > few && strings_.size() > few) {
+        std::for_each(strings_.begin(), strings_.end(),
+                      [this](XmString string) { bag_.Add(string); });
+    }
+}
+
+bool SelectedStrings::Contain(XmString string) const {
+    return bag_.empty() ? std::any_of(strings_.begin(), strings_.end(),
+                                      [string](XmString one) {
+                                          return XmStringCompare(one, string) != False;
+                                      })
+                        : bag_.Contains(string);
 }
 
 // ---- Snapshots --------------------------------------------------------------------------------------

@@ -1,6 +1,8 @@
-// The set of rows and the array with room at its ends, against the plainest ones there are.
+// The set of rows, the array with room at its ends and the bag of strings, against the plainest ones there
+// are.
 #include <corvidlmw/list/RowSet.h>
 #include <corvidlmw/list/SlackArray.h>
+#include <corvidlmw/list/StringBag.h>
 #include <corvidlmw/list/Tally.h>
 
 #include <tests/support/Random.h>
@@ -99,6 +101,46 @@ TEST(Tally, KnowsTheHighestWhileNumbersComeAndGo) {
         }
         ASSERT_EQ(tally.HighestOr(-99), model.empty() ? -99 : *model.rbegin());
     }
+}
+
+// Few texts, in all the ways that compound strings come about.
+XmString AnyString(Random &random, int depth = 0) {
+    std::string text;
+    for (int left = random.Between(0, 3); left > 0; left--)
+        text += "ab\n\t"[random.Between(0, 3)];
+    char *const tag = const_cast<char *>(random.Chance(0.5) ? XmFONTLIST_DEFAULT_TAG : "bold");
+    switch (random.Between(0, depth < 3 ? 6 : 3)) {
+    case 0: return XmStringCreateLocalized(text.data());
+    case 1: return XmStringCreate(text.data(), tag);
+    case 2: return XmStringCreateLtoR(text.data(), tag);
+    case 3: return XmStringGenerate(text.data(), tag, XmCHARSET_TEXT, nullptr);
+    case 4: return XmStringConcatAndFree(AnyString(random, depth + 1), XmStringSeparatorCreate());
+    case 5:
+        return XmStringConcatAndFree(XmStringDirectionCreate(XmSTRING_DIRECTION_L_TO_R),
+                                     AnyString(random, depth + 1));
+    default:
+        return XmStringConcatAndFree(AnyString(random, depth + 1), AnyString(random, depth + 1));
+    }
+}
+
+TEST(StringBag, FindsWhatTheToolkitFindsEqual) {
+    Random random;
+    std::vector<XmString> strings(400);
+    std::generate(strings.begin() + 1, strings.end(), [&random] { return AnyString(random); });
+    StringBag bag;
+    for (std::size_t i = 0; i < strings.size(); i += 4)
+        bag.Add(strings[i]);
+    std::vector<bool> taken(strings.size());
+    for (std::size_t i = 0; i < strings.size(); i++) {
+        bool found = false;
+        for (std::size_t j = 0; j < strings.size() && !found; j += 4)
+            if (!taken[j] && XmStringCompare(strings[j], strings[i]))
+                found = taken[j] = true;
+        EXPECT_EQ(bag.Contains(strings[i]), found) << i;
+        EXPECT_EQ(bag.Take(strings[i]), found) << i;
+    }
+    EXPECT_EQ(bag.size(), std::count(taken.begin(), taken.end(), false) - 300);
+    std::for_each(strings.begin(), strings.end(), XmStringFree);
 }
 
 } // namespace

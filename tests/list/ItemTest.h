@@ -1,0 +1,37 @@
+// What the tests of the item functions share.
+#pragma once
+
+#include <tests/list/ListTest.h>
+
+#include <limits>
+
+namespace corvidlmw::test {
+
+inline constexpr int lowest = std::numeric_limits<int>::min();
+inline constexpr int highest = std::numeric_limits<int>::max();
+
+inline Texts SelectedTexts(Widget list) {
+    Texts texts;
+    for (int i = 0; i < Get(list, XmNselectedItemCount); i++)
+        texts.push_back(TextOf(Get<XmString *>(list, XmNselectedItems)[i]));
+    return texts;
+}
+
+inline std::vector<int> PositionsFrom(Boolean found, int *positions, int count) {
+    const std::vector<int> all(positions, positions + (found ? count : 0));
+    XtFree(reinterpret_cast<char *>(positions));
+    return all;
+}
+
+class ItemTest : public ListTest {
+protected:
+    // How many there were since the last call.
+    int TakeWarnings() {
+        int count = 0;
+        for (; !warnings().empty(); count++)
+            ExpectWarning(warnings().front());
+        return count;
+    }
+};
+
+} // namespace corvidlmw::test
