@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -27,6 +28,7 @@ Kind KindOf(const struct stat &status) {
 
 Entry Describe(const fs::path &path, int depth) {
     Entry entry;
+    entry.path = path;
     entry.name = path.filename().string();
     entry.depth = depth;
     struct stat status {};
@@ -89,18 +91,65 @@ std::vector<Entry> ReadTree(const fs::path &directory, int levels) {
     return entries;
 }
 
-std::string SizeText(const Entry &entry) {
-    if (entry.kind == Kind::Directory) {
-        return "";
+namespace {
+
+// An entry and what is in it.
+using Branch = std::span<const Entry>;
+
+std::vector<Branch> BranchesOf(std::span<const Entry> entries) {
+    std::vector<Branch> branches;
+    for (std::size_t begin = 0, end = 0; begin < entries.size(); begin = end) {
+        end = begin + 1;
+        while (end < entries.size() && entries[end].depth > entries[begin].depth) {
+            end++;
+        }
+        branches.push_back(entries.subspan(begin, end - begin));
     }
-    if (entry.kind == Kind::Closed) {
-        return "no access";
+    return branches;
+}
+
+bool ComesBefore(Column column, const Entry &a, const Entry &b) {
+    switch (column) {
+    case Column::Size: return a.size > b.size;
+    case Column::Date: return a.changed > b.changed;
+    case Column::Name: break;
     }
-    std::string digits = std::to_string(entry.size);
+    return a.name < b.name;
+}
+
+void AppendSorted(Column column, std::span<const Entry> entries, std::vector<Entry> &sorted) {
+    std::vector<Branch> branches = BranchesOf(entries);
+    std::stable_sort(branches.begin(), branches.end(), [column](Branch a, Branch b) {
+        return ComesBefore(column, a.front(), b.front());
+    });
+    for (const Branch branch : branches) {
+        sorted.push_back(branch.front());
+        AppendSorted(column, branch.subspan(1), sorted);
+    }
+}
+
+} // namespace
+
+std::vector<Entry> SortedBy(Column column, const std::vector<Entry> &entries) {
+    std::vector<Entry> sorted;
+    AppendSorted(column, entries, sorted);
+    return sorted;
+}
+
+std::string Grouped(std::uintmax_t number) {
+    std::string digits = std::to_string(number);
     for (auto at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3) {
         digits.insert(static_cast<std::size_t>(at), ",");
     }
     return digits;
+}
+
+std::string SizeText(const Entry &entry) {
+    switch (entry.kind) {
+    case Kind::Directory: return "";
+    case Kind::Closed: return "no access";
+    default: return Grouped(entry.size);
+    }
 }
 
 std::string DateText(const Entry &entry) {

@@ -12,6 +12,7 @@ namespace file_list {
 enum class Kind { Directory, Closed, File, Program, Link, Other };
 
 struct Entry {
+    std::filesystem::path path;
     std::string name;
     Kind kind = Kind::Other; // Closed: a directory that cannot be read
     std::uintmax_t size = 0;
@@ -24,6 +25,13 @@ struct Entry {
 // not followed.
 std::vector<Entry> ReadTree(const std::filesystem::path &directory, int levels);
 
+enum class Column { Name, Size, Date };
+
+// A tree whose entries are sorted anew in each directory: by name, or the largest or newest first.
+std::vector<Entry> SortedBy(Column column, const std::vector<Entry> &entries);
+
+// With a comma after each thousand.
+std::string Grouped(std::uintmax_t number);
 std::string SizeText(const Entry &entry);
 std::string DateText(const Entry &entry);
 

@@ -68,7 +68,7 @@ Widget CreateList(Widget parent) {
                   {Text(XmNvisibleItemCount), 24},
                   {Text(XmNlistSizePolicy), XmCONSTANT},
                   {Text(XmNwidth), name_width + size_width + date_width + 40},
-                  {Text(XmNselectionPolicy), XmBROWSE_SELECT}};
+                  {Text(XmNselectionPolicy), XmEXTENDED_SELECT}};
     return LmCreateScrolledList(parent, Text("files"), args, XtNumber(args));
 }
 
@@ -82,12 +82,16 @@ int Deepest(const std::vector<Entry> &entries) {
 
 } // namespace
 
-FileList::FileList(Widget parent, std::vector<Entry> entries)
-    : entries_(std::move(entries)), list_(CreateList(parent)), icons_(list_) {
-    MakeTables(Deepest(entries_));
+// ---- Life -------------------------------------------------------------------------------------------
+
+FileList::FileList(Widget parent) : list_(CreateList(parent)), icons_(list_) {
+    tables_.push_back(MakeTable(list_, 0));
     XtVaSetValues(list_, XmNfontList, tables_.front(), nullptr);
-    FillRows();
-    DressRows();
+    XtAddCallback(list_, XmNextendedSelectionCallback, RowsSelected, this);
+    XtAddCallback(list_, XmNdefaultActionCallback, RowOpened, this);
+    for (const char *name : {XmNarmCallback, XmNactivateCallback, XmNdisarmCallback}) {
+        XtAddCallback(list_, name, IconPressed, this);
+    }
     XtManageChild(list_);
 }
 
@@ -95,8 +99,29 @@ FileList::~FileList() {
     std::for_each(tables_.begin(), tables_.end(), XmRenderTableFree);
 }
 
-void FileList::MakeTables(int deepest) {
-    for (int depth = 0; depth <= deepest; depth++) {
+// ---- Rows -------------------------------------------------------------------------------------------
+
+void FileList::Show(std::vector<Entry> entries) {
+    std::set<std::filesystem::path> selected;
+    for (const Entry &entry : Selected()) {
+        selected.insert(entry.path);
+    }
+    entries_ = std::move(entries);
+    MakeTables();
+    XtVaSetValues(list_, XmNupdate, False, nullptr);
+    FillRows();
+    DressRows();
+    Select(selected);
+    XtVaSetValues(list_, XmNupdate, True, nullptr);
+    changed_();
+}
+
+void FileList::Sort(Column column) {
+    Show(SortedBy(column, entries_));
+}
+
+void FileList::MakeTables() {
+    for (int depth = static_cast<int>(tables_.size()); depth <= Deepest(entries_); depth++) {
         tables_.push_back(MakeTable(list_, depth));
     }
 }
@@ -106,8 +131,8 @@ void FileList::FillRows() {
     for (const Entry &entry : entries_) {
         rows.push_back(XmStringCreateLocalized(Text(RowText(entry).c_str())));
     }
-    XtVaSetValues(list_, XmNitems, rows.data(), XmNitemCount, static_cast<int>(rows.size()),
-                  nullptr);
+    LmListDeleteAllItems(list_);
+    LmListAddItemsUnselected(list_, rows.data(), static_cast<int>(rows.size()), 0);
     std::for_each(rows.begin(), rows.end(), XmStringFree);
     int widths[] = {name_width, size_width, date_width};
     LmListSetFields(list_, widths, 3);
@@ -120,7 +145,7 @@ void FileList::DressRows() {
     for (std::size_t i = 0; i < entries_.size(); i++) {
         const Entry &entry = entries_[i];
         const auto position = static_cast<int>(i) + 1;
-        icons.push_back({position, icons_.Of(entry.kind)});
+        icons.push_back({position, icons_.Of(entry.kind, LookOf(entry))});
         LmListSetPositionIndent(list_, position, static_cast<Dimension>(entry.depth * indent_step));
         const Pixel colour = entry.kind == Kind::Link     ? link
                              : entry.kind == Kind::Closed ? closed
@@ -131,6 +156,99 @@ void FileList::DressRows() {
         }
     }
     LmListSetPositionIcons(list_, icons.data(), static_cast<int>(icons.size()));
+}
+
+// In extended selection LmListSelectPos would select one row and no other.
+void FileList::Select(const std::set<std::filesystem::path> &paths) {
+    LmListDeselectAllItems(list_);
+    XtVaSetValues(list_, XmNselectionPolicy, XmMULTIPLE_SELECT, nullptr);
+    for (std::size_t i = 0; i < entries_.size(); i++) {
+        if (paths.contains(entries_[i].path)) {
+            LmListSelectPos(list_, static_cast<int>(i) + 1, False);
+        }
+    }
+    XtVaSetValues(list_, XmNselectionPolicy, XmEXTENDED_SELECT, nullptr);
+}
+
+// ---- Questions --------------------------------------------------------------------------------------
+
+const Entry *FileList::At(int position) const {
+    const auto row = static_cast<std::size_t>(position) - 1;
+    return row < entries_.size() ? &entries_[row] : nullptr;
+}
+
+std::vector<Entry> FileList::Selected() const {
+    int *positions = nullptr;
+    int count = 0;
+    std::vector<Entry> selected;
+    if (LmListGetSelectedPos(list_, &positions, &count)) {
+        for (int i = 0; i < count; i++) {
+            if (const Entry *entry = At(positions[i])) {
+                selected.push_back(*entry);
+            }
+        }
+        XtFree(reinterpret_cast<char *>(positions));
+    }
+    return selected;
+}
+
+int FileList::num_checked() const {
+    return static_cast<int>(checked_.size());
+}
+
+Look FileList::LookOf(const Entry &entry) const {
+    return checked_.contains(entry.path) ? Look::Checked : Look::Plain;
+}
+
+// ---- Callbacks --------------------------------------------------------------------------------------
+
+void FileList::RowsSelected(Widget, XtPointer closure, XtPointer call_data) {
+    auto *files = static_cast<FileList *>(closure);
+    const int field = static_cast<LmListCallbackStruct *>(call_data)->field;
+    if (field >= 0) {
+        files->column_ = static_cast<Column>(field);
+    }
+    files->changed_();
+}
+
+void FileList::RowOpened(Widget, XtPointer closure, XtPointer call_data) {
+    auto *files = static_cast<FileList *>(closure);
+    const int position = static_cast<LmListCallbackStruct *>(call_data)->item_position;
+    if (const Entry *entry = files->At(position)) {
+        files->opened_(*entry);
+    }
+}
+
+void FileList::ShowIcon(int position, bool pressed) {
+    if (const Entry *entry = At(position)) {
+        LmListSetPositionIcon(list_, position,
+                              icons_.Of(entry->kind, pressed ? Look::Pressed : LookOf(*entry)));
+    }
+}
+
+// A press and a release on the same icon check the row, or take the mark away. The item is ours: that of a
+// release goes to both of its callbacks, of which the last one is told of the end.
+void FileList::IconPressed(Widget, XtPointer closure, XtPointer call_data) {
+    auto *files = static_cast<FileList *>(closure);
+    const auto *data = static_cast<LmListCallbackStruct *>(call_data);
+    const Entry *entry = files->At(data->item_position);
+    switch (data->reason) {
+    case LmCR_ITEM_ICON_ARM:
+        files->armed_ = data->item_position;
+        files->ShowIcon(files->armed_, true);
+        break;
+    case LmCR_ITEM_ICON_ACTIVATE:
+        if (entry && !files->checked_.insert(entry->path).second) {
+            files->checked_.erase(entry->path);
+        }
+        return;
+    case LmCR_ITEM_DISARM:
+        files->ShowIcon(files->armed_, false);
+        files->changed_();
+        break;
+    default: break;
+    }
+    XmStringFree(data->item);
 }
 
 } // namespace file_list

@@ -6,8 +6,8 @@ namespace file_list {
 
 namespace {
 
-constexpr unsigned width = 15;
-constexpr unsigned height = 15;
+constexpr int width = 15;
+constexpr int height = 15;
 constexpr int drop = 2; // the list draws its text so much lower
 
 class Painter {
@@ -67,8 +67,7 @@ void PaintPage(Painter &painter, const char *colour) {
     }
 }
 
-Pixmap Paint(Widget w, Kind kind) {
-    Painter painter(w);
+void PaintKind(Painter &painter, Kind kind) {
     switch (kind) {
     case Kind::Directory: PaintFolder(painter, "gold"); break;
     case Kind::Closed:
@@ -81,6 +80,30 @@ Pixmap Paint(Widget w, Kind kind) {
     case Kind::Link: PaintPage(painter, "lightblue"); break;
     case Kind::Other: painter.Box("plum", 3, 3, 8, 6); break;
     }
+}
+
+void PaintFrame(Painter &painter) {
+    painter.Line("gray30", 0, -drop, width - 1, -drop);
+    painter.Line("gray30", 0, -drop, 0, height - 1 - drop);
+    painter.Line("gray60", width - 1, 1 - drop, width - 1, height - 1 - drop);
+    painter.Line("gray60", 1, height - 1 - drop, width - 1, height - 1 - drop);
+}
+
+void PaintTick(Painter &painter) {
+    for (int x = 0; x < 3; x++) {
+        painter.Line("green4", 3 + x, 6, 6 + x, 10);
+        painter.Line("green4", 6 + x, 10, 11 + x, 1);
+    }
+}
+
+Pixmap Paint(Widget w, Kind kind, Look look) {
+    Painter painter(w);
+    PaintKind(painter, kind);
+    if (look == Look::Pressed) {
+        PaintFrame(painter);
+    } else if (look == Look::Checked) {
+        PaintTick(painter);
+    }
     return painter.pixmap();
 }
 
@@ -89,12 +112,14 @@ Pixmap Paint(Widget w, Kind kind) {
 Icons::Icons(Widget w) : display_(XtDisplay(w)) {
     for (const Kind kind :
          {Kind::Directory, Kind::Closed, Kind::File, Kind::Program, Kind::Link, Kind::Other}) {
-        pixmaps_[kind] = Paint(w, kind);
+        for (const Look look : {Look::Plain, Look::Pressed, Look::Checked}) {
+            pixmaps_[{kind, look}] = Paint(w, kind, look);
+        }
     }
 }
 
 Icons::~Icons() {
-    for (const auto &[kind, pixmap] : pixmaps_) {
+    for (const auto &[look, pixmap] : pixmaps_) {
         XFreePixmap(display_, pixmap);
     }
 }

@@ -1,4 +1,5 @@
-// Small pictures of the kinds of files, drawn when the program starts.
+// Small pictures of the kinds of files, drawn when the program starts, also with a check mark, and as they
+// look while they are pressed.
 #pragma once
 
 #include "Directory.h"
@@ -6,8 +7,11 @@
 #include <X11/Intrinsic.h>
 
 #include <map>
+#include <utility>
 
 namespace file_list {
+
+enum class Look { Plain, Pressed, Checked };
 
 class Icons {
 public:
@@ -17,11 +21,11 @@ public:
     Icons(const Icons &) = delete;
     Icons &operator=(const Icons &) = delete;
 
-    Pixmap Of(Kind kind) const { return pixmaps_.at(kind); }
+    Pixmap Of(Kind kind, Look look) const { return pixmaps_.at({kind, look}); }
 
 private:
     Display *display_;
-    std::map<Kind, Pixmap> pixmaps_;
+    std::map<std::pair<Kind, Look>, Pixmap> pixmaps_;
 };
 
 } // namespace file_list

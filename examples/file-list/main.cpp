@@ -1,6 +1,6 @@
 // file-list DIR: a directory and what is in its directories, in a list with icons and columns.
 
-#include "FileList.h"
+#include "FileWindow.h"
 
 #include <X11/Xatom.h>
 #include <Xm/Xm.h>
@@ -14,11 +14,17 @@ namespace {
 
 using namespace file_list;
 
-constexpr int levels = 3;
-
 char *fallback_resources[] = {
     const_cast<char *>("*background: #dcdad5"),
     const_cast<char *>("*files.background: #fbfaf7"),
+    const_cast<char *>("*notes.background: #fbfaf7"),
+    const_cast<char *>("*contents.background: #fbfaf7"),
+    const_cast<char *>("*up.labelString: Up"),
+    const_cast<char *>("*renderTable: text"),
+    const_cast<char *>("*fontType: FONT_IS_XFT"),
+    const_cast<char *>("*fontName: DejaVu Sans"),
+    const_cast<char *>("*fontSize: 9"),
+    const_cast<char *>("*contents*fontName: DejaVu Sans Mono"),
     const_cast<char *>("*files.armColor: #c9dcf2"),
     nullptr,
 };
@@ -68,10 +74,8 @@ int main(int argc, char **argv) {
     if (!IsReadable(argv[1])) {
         return EXIT_FAILURE;
     }
-    const std::string title = std::string("file-list: ") + argv[1];
-    XtVaSetValues(shell, XmNtitle, title.c_str(), nullptr);
-    FileList files(shell, ReadTree(argv[1], levels));
-    XtAddEventHandler(files.list(), ExposureMask, False, Exposed, shell);
+    FileWindow window(shell, argv[1]);
+    XtAddEventHandler(window.files().list(), ExposureMask, False, Exposed, shell);
     XtRealizeWidget(shell);
     XtAppMainLoop(app);
     return EXIT_SUCCESS;
