@@ -22,11 +22,17 @@ XmTab MakeTab(int pixels) {
                        Text("."));
 }
 
+// A deeper name begins at a tab stop of its depth's own. The rows' own indents would move all columns.
 XmTabList MakeTabs(int depth) {
-    XmTab tabs[] = {MakeTab(name_width - depth * indent_step),
-                    MakeTab(name_width + size_width - depth * indent_step)};
-    XmTabList list = XmTabListInsertTabs(nullptr, tabs, 2, 0);
-    std::for_each(std::begin(tabs), std::end(tabs), XmTabFree);
+    std::vector<XmTab> tabs;
+    if (depth > 0) {
+        tabs.push_back(MakeTab(depth * indent_step));
+    }
+    tabs.push_back(MakeTab(name_width));
+    tabs.push_back(MakeTab(name_width + size_width));
+    XmTabList list =
+        XmTabListInsertTabs(nullptr, tabs.data(), static_cast<Cardinal>(tabs.size()), 0);
+    std::for_each(tabs.begin(), tabs.end(), XmTabFree);
     return list;
 }
 
@@ -53,7 +59,9 @@ std::string InOneField(std::string text) {
 
 std::string RowText(const Entry &entry) {
     const std::string arrow = entry.target.empty() ? "" : " \xe2\x86\x92 " + entry.target;
-    return InOneField(entry.name + arrow) + "\t" + SizeText(entry) + "\t" + DateText(entry);
+    const std::string indent = entry.depth > 0 ? "\t" : "";
+    return indent + InOneField(entry.name + arrow) + "\t" + SizeText(entry) + "\t" +
+           DateText(entry);
 }
 
 Pixel Colour(Widget w, const char *name) {
@@ -65,7 +73,8 @@ Pixel Colour(Widget w, const char *name) {
 
 Widget CreateList(Widget parent) {
     Arg args[] = {{Text(XmNshowIcons), True},
-                  {Text(XmNvisibleItemCount), 24},
+                  {Text(XmNvisibleItemCount), 20},
+                  {Text(XmNdefaultIconWidth), 28},
                   {Text(XmNlistSizePolicy), XmCONSTANT},
                   {Text(XmNwidth), name_width + size_width + date_width + 40},
                   {Text(XmNselectionPolicy), XmEXTENDED_SELECT}};
@@ -146,7 +155,6 @@ void FileList::DressRows() {
         const Entry &entry = entries_[i];
         const auto position = static_cast<int>(i) + 1;
         icons.push_back({position, icons_.Of(entry.kind, LookOf(entry))});
-        LmListSetPositionIndent(list_, position, static_cast<Dimension>(entry.depth * indent_step));
         const Pixel colour = entry.kind == Kind::Link     ? link
                              : entry.kind == Kind::Closed ? closed
                                                           : 0;

@@ -51,7 +51,7 @@ private:
 
     Widget list_;
     Icons icons_;
-    // A row's indent moves its tab stops along: each depth has stops that are nearer by so much.
+    // For each depth.
     std::vector<XmRenderTable> tables_;
     std::vector<Entry> entries_;
     std::set<std::filesystem::path> checked_;

@@ -7,8 +7,8 @@ namespace file_list {
 namespace {
 
 constexpr int width = 15;
-constexpr int height = 15;
-constexpr int drop = 2; // the list draws its text so much lower
+constexpr int height = 19; // so that a cell's shadow leaves room for the text
+constexpr int drop = 4;
 
 class Painter {
 public:
