@@ -13,6 +13,7 @@ namespace {
 
 template <typename T>
 T *NewArray(int count) {
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): the entries themselves are pointers
     return static_cast<T *>(static_cast<void *>(XtCalloc(static_cast<Cardinal>(count), sizeof(T))));
 }
 
