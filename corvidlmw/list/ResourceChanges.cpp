@@ -292,6 +292,13 @@ void ChangeSelectedItems(Change &change) {
 
 // ---- Items ------------------------------------------------------------------------------------------------
 
+void PullTopBack(LmListPart &list) {
+    const int last = list.element_count - list.visible_item_count;
+    if (list.top_item_position > last) {
+        list.top_item_position = std::max(last, 0);
+    }
+}
+
 void InstallItems(Widget w, const GivenStrings &given) {
     auto &list = ListOf(w);
     std::vector<XmString> strings;
@@ -303,9 +310,7 @@ void InstallItems(Widget w, const GivenStrings &given) {
     RemoveAllRows(w);
     InsertRows(w, 0, strings.data(), given.count, Selection::Nothing);
     list.top_item_position = top;
-    if (top > given.count - list.visible_item_count) {
-        list.top_item_position = std::max(given.count - list.visible_item_count, 0);
-    }
+    PullTopBack(list);
     list.last_highlighted = list.current_keyboard_item = 0;
     list.x_origin = 0;
 }
@@ -374,6 +379,9 @@ void ChangeTop(Change &change) {
     if (list.top_item_position < 0) {
         WarnOfList(change.w, _XmMsgList_0012);
         list.top_item_position = change.old.top_item_position;
+        if (change.items.changed) {
+            PullTopBack(list);
+        }
         return;
     }
     const int top = std::exchange(list.top_item_position, change.old.top_item_position);

@@ -93,6 +93,13 @@ TEST_F(ListTest, TakesNewRowsAndDropsColumnsAndScrolling) {
     EXPECT_EQ(PartOf(list).field_count, 0);
     EXPECT_EQ(PartOf(list).x_origin, 0);
     EXPECT_EQ(Get(list, XmNtopItemPosition), 3) << "the last ten rows";
+    Strings eleven(Numbered(11));
+    Settings with_bad_top = eleven.Items();
+    with_bad_top.push_back({XmNtopItemPosition, 0});
+    Set(list, with_bad_top);
+    ASSERT_EQ(warnings().size(), 1u);
+    ExpectWarning(warnings().front());
+    EXPECT_EQ(Get(list, XmNtopItemPosition), 2) << "what it had, among the new rows";
     Set(list, {{XmNitemCount, 0}});
     ExpectInOrder(list);
     EXPECT_EQ(Get(list, XmNtopItemPosition), 1);
