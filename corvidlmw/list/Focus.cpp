@@ -21,21 +21,28 @@ void Lose(Widget w) {
     ListOf(w).traversing = False;
 }
 
+// The toolkit's actions read the event, without which a client can call any action.
+void PassOn(Action *action, Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    if (event) {
+        action(w, event, params, num_params);
+    }
+}
+
 } // namespace
 
 void ListFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params) {
-    if (PrimitiveOf(w).traversal_on && _XmGetFocusPolicy(w) == XmEXPLICIT &&
+    if (PrimitiveOf(w).traversal_on && _XmGetFocusPolicy(w) == XmEXPLICIT && event &&
         event->xany.send_event) {
         ListOf(w).traversing = True;
     }
     ShowCursor(w);
-    _XmPrimitiveFocusIn(w, event, params, num_params);
+    PassOn(_XmPrimitiveFocusIn, w, event, params, num_params);
 }
 
 void ListFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params) {
     if (ListOf(w).traversing) {
         Lose(w);
-        _XmPrimitiveFocusOut(w, event, params, num_params);
+        PassOn(_XmPrimitiveFocusOut, w, event, params, num_params);
     }
 }
 
@@ -44,7 +51,7 @@ void ListEnter(Widget w, XEvent *event, String *params, Cardinal *num_params) {
     if (FollowsPointer(w)) {
         Take(w);
     }
-    _XmPrimitiveEnter(w, event, params, num_params);
+    PassOn(_XmPrimitiveEnter, w, event, params, num_params);
 }
 
 void ListLeave(Widget w, XEvent *event, String *params, Cardinal *num_params) {
@@ -52,7 +59,7 @@ void ListLeave(Widget w, XEvent *event, String *params, Cardinal *num_params) {
         Lose(w);
     }
     if (LeaveHolding(w, event)) {
-        _XmPrimitiveLeave(w, event, params, num_params);
+        PassOn(_XmPrimitiveLeave, w, event, params, num_params);
     }
 }
 

@@ -302,4 +302,22 @@ TEST_F(ListTest, IsReachedByTabAndShowsItsCursor) {
     EXPECT_FALSE(PartOf(list).traversing);
 }
 
+TEST_F(ListTest, TakesEveryActionWithoutAnEvent) {
+    XtActionList actions = nullptr;
+    Cardinal count = 0;
+    for (const int rows : {0, 9})
+        for (const int policy : {XmEXPLICIT, XmPOINTER}) {
+            Widget list = MakeScrolled(Numbered(rows), {{XmNselectionPolicy, XmEXTENDED_SELECT}});
+            XtVaSetValues(shell, XmNkeyboardFocusPolicy, policy, nullptr);
+            Show();
+            XtGetActionList(lmListWidgetClass, &actions, &count);
+            for (Cardinal i = 0; i < count; i++)
+                XtCallActionProc(list, actions[i].string, nullptr, nullptr, 0);
+            XtFree(reinterpret_cast<char *>(actions));
+            ExpectInOrder(list);
+            XtDestroyWidget(list);
+        }
+    EXPECT_EQ(count, 65u + 5);
+}
+
 } // namespace
