@@ -4,12 +4,6 @@
 
 namespace corvidlmw::list {
 
-namespace {
-
-void PassOver(Widget, XEvent *, String *, Cardinal *) {}
-
-} // namespace
-
 // clang-format off
 XtActionsRec list_actions[] = {
     {Name("ListButtonMotion"), VerifyMotion},
@@ -82,7 +76,7 @@ XtActionsRec list_actions[] = {
     {Name("ListProcessBtn2"), ListProcessBtn2},
     {Name("ListScrollUp"), ListScrollUp},
     {Name("ListScrollDown"), ListScrollDown},
-    {Name("ListQuickNavigate"), PassOver},
+    {Name("ListQuickNavigate"), ListQuickNavigate},
 };
 // clang-format on
 

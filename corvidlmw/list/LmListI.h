@@ -407,9 +407,8 @@ void PlaceCursor(Widget w, int row);
 
 // ---- Keys (Navigation.cpp) --------------------------------------------------------------------------------
 
-// Moves the location cursor, and the selection with it as after an arrow key. Nothing scrolls. False if the
-// list died of it.
-bool MoveCursor(Widget w, int row);
+// Moves the location cursor by so many rows, if there is a row, and does all that an arrow key does.
+void StepPlainly(Widget w, int rows);
 
 // ---- The icon column (IconArming.cpp) ---------------------------------------------------------------------
 
@@ -482,5 +481,6 @@ Action ListProcessBtn1;
 Action ListProcessBtn2;
 Action ListScrollUp;
 Action ListScrollDown;
+Action ListQuickNavigate;
 
 } // namespace corvidlmw::list

@@ -48,7 +48,8 @@ void Step(Widget w, int rows) {
         return;
     }
     BringIntoView(w, row);
-    MoveCursor(w, row);
+    PlaceCursor(w, row);
+    Follow(w, row);
 }
 
 // What a step means while a modifier is held.
@@ -60,17 +61,6 @@ struct Modifiers {
 constexpr Modifiers shift{EVENT_SHIFT, XmMODIFICATION, true};
 constexpr Modifiers control{EVENT_CTRL, XmADDITION, false};
 constexpr Modifiers shift_control{EVENT_SHIFT | EVENT_CTRL, XmMODIFICATION, true};
-
-void StepPlainly(Widget w, int rows) {
-    auto &list = ListOf(w);
-    if (!list.traversing) {
-        return;
-    }
-    list.append_in_progress = False;
-    list.event_flags = static_cast<char>(list.event_flags & EVENT_BUTTON_DOWN);
-    list.selection_type = XmINITIAL;
-    Step(w, rows);
-}
 
 void StepWith(Widget w, int rows, const Modifiers &modifiers) {
     auto &list = ListOf(w);
@@ -169,9 +159,15 @@ std::optional<int> OffsetOf(Widget w, const XEvent *event) {
 
 } // namespace
 
-bool MoveCursor(Widget w, int row) {
-    PlaceCursor(w, row);
-    return Follow(w, row);
+void StepPlainly(Widget w, int rows) {
+    auto &list = ListOf(w);
+    if (!list.traversing) {
+        return;
+    }
+    list.append_in_progress = False;
+    list.event_flags = static_cast<char>(list.event_flags & EVENT_BUTTON_DOWN);
+    list.selection_type = XmINITIAL;
+    Step(w, rows);
 }
 
 // ---- Actions ----------------------------------------------------------------------------------------

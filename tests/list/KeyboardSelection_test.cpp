@@ -310,3 +310,28 @@ TEST_F(KeyboardSelectionTest, CallbacksCanTurnTheListUpsideDown) {
 }
 
 } // namespace
+
+TEST_F(KeyboardSelectionTest, TypingGoesToTheNextRowThatBeginsSo) {
+    Start(XmBROWSE_SELECT);
+    Strings names({"Ash", "beech",
+                   "\xc3\x84"
+                   "pfel",
+                   "birch", "", "ash"});
+    Set(list, names.Items());
+    Set(list, {{XmNvisibleItemCount, 2}});
+    const auto typed = [this](KeySym keysym, unsigned modifiers = 0) {
+        Key(keysym, modifiers);
+        EXPECT_EQ(SelectedRows(list), Rows{Cursor()});
+        return Cursor();
+    };
+    EXPECT_EQ(typed(XK_b), 1);
+    EXPECT_EQ(typed(XK_b, ShiftMask), 3);
+    EXPECT_EQ(typed(XK_b), 1) << "around";
+    EXPECT_EQ(typed(XK_a), 5);
+    EXPECT_EQ(Top(), 4) << "in view";
+    EXPECT_EQ(typed(XK_a), 0);
+    EXPECT_EQ(typed(XK_x), 0);
+    EXPECT_EQ(typed(XK_b, ControlMask), 0);
+    Set(list, {{XmNitemCount, 0}});
+    Key(XK_a);
+}

@@ -127,6 +127,16 @@ TEST_F(ListTransferTest, DragsWithTheFirstButtonWhatIsSelectedWhereTheDisplaySay
     Widget text = MakeText();
     Show();
     EXPECT_EQ(DropOn(text, list, 0, Button1), "apple\napple\n");
+
+    // A short press selects, as soon as it is clear that it is one.
+    Click(list, InRow(0).x, InRow(0).y);
+    EXPECT_EQ(SelectedRows(list), (std::vector{3}));
+    Click(list, InRow(1).x, InRow(1).y);
+    EXPECT_EQ(SelectedRows(list), (std::vector{1, 3}));
+    MoveTo(list, InRow(1).x, InRow(1).y);
+    Press();
+    EXPECT_EQ(SelectedRows(list), (std::vector{1, 3}));
+    XtDestroyWidget(list);
 }
 
 namespace {
