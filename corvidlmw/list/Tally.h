@@ -16,12 +16,6 @@ public:
             counts_.erase(found);
         }
     }
-    void Replace(int old_number, int number) {
-        if (old_number != number) {
-            Remove(old_number);
-            Add(number);
-        }
-    }
     void Clear() { counts_.clear(); }
     int HighestOr(int preset) const { return counts_.empty() ? preset : counts_.rbegin()->first; }
 

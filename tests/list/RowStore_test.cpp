@@ -92,9 +92,8 @@ TEST(Tally, KnowsTheHighestWhileNumbersComeAndGo) {
             tally.Add(number);
             model.insert(number);
         } else if (const auto found = model.find(number); found != model.end()) {
-            tally.Replace(number, number + 1);
+            tally.Remove(number);
             model.erase(found);
-            model.insert(number + 1);
         } else if (!model.empty()) {
             tally.Remove(*model.rbegin());
             model.erase(std::prev(model.end()));
