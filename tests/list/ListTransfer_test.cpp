@@ -87,7 +87,8 @@ protected:
     }
 };
 
-const Settings many_selected = {{XmNselectionPolicy, XmMULTIPLE_SELECT}, {XmNvisibleItemCount, 6}};
+const Settings many_selected = {
+    {XmNselectionPolicy, XmMULTIPLE_SELECT}, {XmNdoubleClickInterval, 0}, {XmNvisibleItemCount, 6}};
 const Texts fruits = {"apple", "pear", "pl\xc3\xbcm", "apple"};
 
 } // namespace
