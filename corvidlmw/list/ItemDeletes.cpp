@@ -72,13 +72,39 @@ void DeleteRun(Widget w, int row, int count) {
 
 // ---- Rows here and there ------------------------------------------------------------------------------
 
-// Where fewer rows are left below the top than fit. True if the top moved.
-bool PullTopBack(LmListPart &list) {
+// Where the top goes for fewer rows to fill the window again.
+int TopFor(const LmListPart &list, int count) {
     const int top = list.top_item_position;
-    if (list.item_count - top < list.visible_item_count) {
-        list.top_item_position = std::max(list.item_count - list.visible_item_count, 0);
+    return count - top < list.visible_item_count ? std::max(count - list.visible_item_count, 0)
+                                                 : top;
+}
+
+// How much of the window changes with rows that go.
+enum class Redraw { Nothing, Cursor, All };
+
+void Draw(Widget w, Redraw redraw) {
+    if (redraw != Redraw::Nothing) {
+        DrawChange(w, redraw == Redraw::All);
     }
-    return list.top_item_position != top;
+}
+
+// Where no row is left the top stays.
+Redraw RemoveAndMove(Widget w, const RowSet &rows, int cursor) {
+    auto &list = ListOf(w);
+    const int top = TopFor(list, list.item_count - rows.size());
+    const bool in_view = !rows.empty() && IsAboveBottom(list, rows.Next(0));
+    const bool moves_cursor = cursor != list.current_keyboard_item;
+    const bool all = in_view || top != list.top_item_position;
+    if (all || moves_cursor) {
+        EraseCursor(w);
+    }
+    list.current_keyboard_item = cursor;
+    RemoveRowSet(w, rows);
+    BuildSelectedList(list, true);
+    if (list.item_count > 0) {
+        list.top_item_position = top;
+    }
+    return all ? Redraw::All : moves_cursor ? Redraw::Cursor : Redraw::Nothing;
 }
 
 // For each string the first row equal to it that no other has. Strings for which there is none draw a
@@ -107,22 +133,13 @@ int CursorWithout(const LmListPart &list, const RowSet &rows) {
     return cursor;
 }
 
-bool IsAnyAboveBottom(const LmListPart &list, const RowSet &rows) {
-    return !rows.empty() && IsAboveBottom(list, rows.Next(0));
-}
-
 void DeleteFound(Widget w, const RowSet &rows) {
-    auto &list = ListOf(w);
-    bool redraw = IsAnyAboveBottom(list, rows);
-    list.current_keyboard_item = CursorWithout(list, rows);
-    RemoveRowSet(w, rows);
-    BuildSelectedList(list, true);
-    if (list.item_count == 0) {
+    const Redraw redraw = RemoveAndMove(w, rows, CursorWithout(ListOf(w), rows));
+    if (ListOf(w).item_count == 0) {
         CloseEmptied(w);
         return;
     }
-    redraw = PullTopBack(list) || redraw;
-    DrawChange(w, redraw);
+    Draw(w, redraw);
     CloseChange(w);
 }
 
@@ -140,33 +157,30 @@ RowSet TakePositions(Widget w, std::span<int> positions) {
     return rows;
 }
 
-// The cursor can be left one past the end, and is brought back when all rows are drawn. True if so.
-bool LeaveCursorBehind(LmListPart &list) {
-    if (list.current_keyboard_item < list.element_count) {
-        return false;
+// The cursor can be left one past the end, and is brought back when all rows are drawn.
+Redraw RemoveFromUnderCursor(Widget w, const RowSet &rows) {
+    auto &list = ListOf(w);
+    const int count = list.item_count - rows.size();
+    if (list.current_keyboard_item < count) {
+        return RemoveAndMove(w, rows, list.current_keyboard_item);
     }
-    list.current_keyboard_item = list.element_count;
     if (list.automatic_selection && SelectsRanges(list)) {
-        list.last_highlighted = list.element_count;
+        list.last_highlighted = count;
     }
-    return list.traversing != False;
+    RemoveAndMove(w, rows, count);
+    return Redraw::All;
 }
 
 void DeleteRows(Widget w, const RowSet &rows) {
-    auto &list = ListOf(w);
-    bool redraw = IsAnyAboveBottom(list, rows);
-    RemoveRowSet(w, rows);
-    redraw = LeaveCursorBehind(list) || redraw;
-    BuildSelectedList(list, true);
-    if (list.item_count == 0) {
+    const Redraw redraw = RemoveFromUnderCursor(w, rows);
+    if (ListOf(w).item_count == 0) {
         // The top stays: the next rows bring it back.
         ClearRows(w, False);
         CloseChange(w);
         return;
     }
-    redraw = PullTopBack(list) || redraw;
     CloseChange(w);
-    DrawChange(w, redraw);
+    Draw(w, redraw);
 }
 
 } // namespace
@@ -199,9 +213,7 @@ void LmListDeleteItems(Widget w, XmString *items, int count) {
         return;
     }
     // They can be the list's own strings, and are all found before any goes.
-    const RowSet rows = FindRows(w, items, count);
-    EraseCursor(w);
-    DeleteFound(w, rows);
+    DeleteFound(w, FindRows(w, items, count));
 }
 
 void LmListDeletePos(Widget w, int position) {
@@ -220,7 +232,6 @@ void LmListDeletePositions(Widget w, int *positions, int count) {
     if (!IsList(w) || !positions || count < 1 || ListOf(w).item_count == 0) {
         return;
     }
-    EraseCursor(w);
     DeleteRows(w, TakePositions(w, {positions, static_cast<std::size_t>(count)}));
 }
 
