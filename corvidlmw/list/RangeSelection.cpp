@@ -130,9 +130,18 @@ void LeaveBrowsedRow(Widget w, int row) {
     }
 }
 
+// Rows that came or went in mid-gesture can have parted the selected one from last_highlighted.
+void LeaveBrowsedRows(Widget w) {
+    const RowSet &selected = StateOf(w).selected;
+    LeaveBrowsedRow(w, ListOf(w).last_highlighted);
+    for (int row = selected.Next(0); row >= 0; row = selected.Next(row + 1)) {
+        LeaveBrowsedRow(w, row);
+    }
+}
+
 bool MoveBrowsedRow(Widget w, int row) {
     auto &list = ListOf(w);
-    LeaveBrowsedRow(w, list.last_highlighted);
+    LeaveBrowsedRows(w);
     SetSelected(list, row, true);
     DrawItem(w, row);
     list.last_highlighted = list.start_item = list.end_item = row;
@@ -180,11 +189,15 @@ void SelectOnlyRange(Widget w, int row) {
 } // namespace
 
 void PlaceCursor(Widget w, int row) {
-    if (IsRow(ListOf(w), row)) {
-        EraseCursor(w);
-        ListOf(w).current_keyboard_item = row;
-        ShowCursor(w);
+    auto &list = ListOf(w);
+    if (!IsRow(list, row)) {
+        return;
     }
+    if (row != list.current_keyboard_item) {
+        EraseCursor(w);
+        list.current_keyboard_item = row;
+    }
+    ShowCursor(w);
 }
 
 bool HandleNewItem(Widget w, int row) {

@@ -5,11 +5,8 @@
 
 #include <X11/keysym.h>
 
-#include <functional>
-
 namespace {
 
-using corvidlmw::LifeWatch;
 using namespace corvidlmw::test;
 
 class KeyboardSelectionTest : public SelectionTest {
@@ -261,52 +258,6 @@ TEST_F(KeyboardSelectionTest, TheCursorIsWholeWhereverRowsAreDrawn) {
     Key(XK_End, ControlMask);
     Key(XK_Prior);
     ExpectDrawn();
-}
-
-// ---- Clients that misbehave -------------------------------------------------------------------------
-
-TEST_F(KeyboardSelectionTest, CallbacksCanTurnTheListUpsideDown) {
-    Strings few(Numbered(2));
-    const std::function<void()> acts[] = {
-        [this] { LmListDeleteAllItems(list); }, [&] { Set(list, few.Items()); },
-        [this] { LmListDeletePos(list, 0); }, [this] { XtDestroyWidget(list); }};
-    const std::pair<KeySym, unsigned int> keys[] = {{XK_Down, 0},
-                                                    {XK_Down, ShiftMask},
-                                                    {XK_Down, Mod1Mask},
-                                                    {XK_Next, 0},
-                                                    {XK_Prior, 0},
-                                                    {XK_End, ControlMask},
-                                                    {XK_space, 0},
-                                                    {XK_space, ShiftMask},
-                                                    {XK_F6, 0},
-                                                    {XK_slash, ControlMask},
-                                                    {XK_Return, 0},
-                                                    {XK_F8, ShiftMask},
-                                                    {XK_Home, ControlMask},
-                                                    {XK_backslash, ControlMask},
-                                                    {XK_End, ControlMask | ShiftMask}};
-    for (const int policy :
-         {XmSINGLE_SELECT, XmMULTIPLE_SELECT, XmEXTENDED_SELECT, XmBROWSE_SELECT})
-        for (const auto &act : acts) {
-            Start(policy, policy == XmBROWSE_SELECT, 20);
-            log.OnEach([&act](const auto &) { act(); });
-            const LifeWatch life(list);
-            for (const auto &[keysym, modifiers] : keys) {
-                if (life.Ended())
-                    break;
-                Key(keysym, modifiers);
-                if (!life.Ended() && Get(list, XmNitemCount) < 4) {
-                    Strings many(Numbered(20));
-                    Set(list, many.Items());
-                }
-            }
-            if (!life.Ended()) {
-                ExpectInOrder(list);
-                XtDestroyWidget(list);
-            }
-            log.OnEach(nullptr);
-            TakeTold();
-        }
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 // scrolling while the pointer is held outside, and clients that turn the list upside down in between.
 #include <tests/list/SelectionTest.h>
 
-#include <functional>
-
 namespace {
 
 using corvidlmw::LifeWatch;
@@ -298,50 +296,6 @@ TEST_F(PointerSelectionTest, TheKeyboardCanFollowThePointer) {
     MoveTo(list, 40, list->core.height + 40);
     EXPECT_FALSE(PartOf(list).traversing);
     ExpectDrawn();
-}
-
-// ---- Clients that misbehave -------------------------------------------------------------------------
-
-TEST_F(PointerSelectionTest, CallbacksCanTurnTheListUpsideDown) {
-    Strings few(Numbered(2));
-    Strings many(Numbered(40));
-    const std::function<void()> acts[] = {[this] {
-                                              Set(list, {{XmNitemCount, 0}});
-                                          },
-                                          [&] { Set(list, few.Items()); },
-                                          [&] { Set(list, many.Items()); },
-                                          [this] {
-                                              Set(list, {{XmNselectionPolicy, XmSINGLE_SELECT}});
-                                          },
-                                          [this] {
-                                              Set(list, {{XmNsensitive, False}});
-                                          },
-                                          [this] { XtDestroyWidget(list); }};
-    for (const int policy :
-         {XmSINGLE_SELECT, XmMULTIPLE_SELECT, XmEXTENDED_SELECT, XmBROWSE_SELECT})
-        for (const bool automatic : {false, true})
-            for (const auto &act : acts) {
-                Start(policy, automatic, 12, {{XmNshowIcons, True}});
-                log.OnEach([&act](const auto &) { act(); });
-                const LifeWatch life(list);
-                for (const int x : {40, 40, 3}) {
-                    for (const int row : {7, 2, 5}) {
-                        if (!life.Ended() && row == 7)
-                            PressRow(row, x);
-                        else if (!life.Ended())
-                            MoveToRow(row, x);
-                    }
-                    Release();
-                    if (!life.Ended() && x == 40)
-                        Set(list, {{XmNsensitive, True}, {XmNdoubleClickInterval, 5000}});
-                }
-                if (!life.Ended()) {
-                    ExpectInOrder(list);
-                    XtDestroyWidget(list);
-                }
-                log.OnEach(nullptr);
-                TakeTold();
-            }
 }
 
 } // namespace

@@ -75,12 +75,5 @@ TEST(RangeMoves, FollowBothTablesRowByRow) {
                 }
 }
 
-TEST(RangeMoves, UpAndDownAreNotMirrorImages) {
-    EXPECT_EQ(PressMove(2, 4, 6, true).set, (RowSpan{5, 6}));
-    EXPECT_EQ(PressMove(4, 2, 0, true).set, (RowSpan{0, 3}));
-    EXPECT_TRUE(DragMove(2, 4, 4, true).set.empty());
-    EXPECT_EQ(DragMove(4, 2, 2, true).set, (RowSpan{2, 2}));
-}
-
 } // namespace
 } // namespace corvidlmw::list

@@ -13,6 +13,13 @@ namespace corvidlmw::test {
 
 using Rows = std::vector<int>;
 
+// Items of the icon column's callbacks are the client's, the last of which is the disarm callback.
+inline void FreeIfMine(const LmListCallbackStruct &data) {
+    if (data.reason == LmCR_ITEM_DISARM || data.reason == LmCR_ITEM_ICON_ARM ||
+        data.reason == LmCR_ITEM_BLANK_ARM)
+        XmStringFree(data.item);
+}
+
 // What a client is told, in short: "browse 3", "extended 4 (2 3 4) initial", "default 1 (1) column 0".
 inline std::string Told(XtPointer call_data) {
     const auto &data = *static_cast<LmListCallbackStruct *>(call_data);
@@ -38,9 +45,7 @@ inline std::string Told(XtPointer call_data) {
         told << (data.selection_type == XmADDITION ? " added" : " modified");
     if (data.field >= 0)
         told << " column " << data.field;
-    if (data.reason == LmCR_ITEM_DISARM || data.reason == LmCR_ITEM_ICON_ARM ||
-        data.reason == LmCR_ITEM_BLANK_ARM)
-        XmStringFree(data.item);
+    FreeIfMine(data);
     return told.str();
 }
 
@@ -51,7 +56,8 @@ inline const char *const all_callbacks[] = {
 
 class SelectionTest : public ListTest {
 protected:
-    SelectionTest() : log(Told) {}
+    explicit SelectionTest(CallbackLog<std::string>::Copier copier = Told)
+        : log(std::move(copier)) {}
 
     // The double click is off but where a test is about it. Without a highlight no location cursor is
     // drawn over the edges of bars.
