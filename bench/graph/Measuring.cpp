@@ -1,8 +1,8 @@
 #include <bench/graph/Measuring.h>
 
-#include <bench/graph/Process.h>
+#include <bench/support/Process.h>
+#include <bench/support/Profiles.h>
 
-#include <fstream>
 #include <iostream>
 #include <sstream>
 
@@ -85,45 +85,22 @@ void TakeLine(Results &results, const Combination &one, const std::string &line)
     }
 }
 
-// A profile names the case that it was dumped for, and ends with the sum of all costs.
-void TakeProfile(Results &results, const Combination &one, const std::filesystem::path &profile) {
-    constexpr std::string_view case_key = "desc: Trigger: Client Request: ";
-    constexpr std::string_view sum_key = "totals: ";
-    std::ifstream file(profile);
-    std::string case_name;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(case_key)) {
-            case_name = line.substr(case_key.size());
-        } else if (line.starts_with(sum_key) && !case_name.empty()) {
-            // An empty case was dumped as well.
-            Cost &cost = results.At(one, case_name);
-            if (cost.requests) {
-                cost.instructions = std::stod(line.substr(sum_key.size()));
-            }
-        }
-    }
-}
-
-void TakeProfiles(Results &results, const Combination &one,
-                  const std::filesystem::path &directory) {
-    const std::string prefix = NameOf(one) + ".";
-    for (const auto &entry : std::filesystem::directory_iterator(directory)) {
-        if (entry.path().filename().string().starts_with(prefix)) {
-            TakeProfile(results, one, entry.path());
-        }
-    }
-}
-
-bool CountOne(const std::filesystem::path &program, const Combination &one,
+bool CountOne(Results &results, const std::filesystem::path &program, const Combination &one,
               const std::filesystem::path &profiles) {
-    std::vector<std::string> command = {
-        "valgrind", "--quiet", "--tool=callgrind", "--collect-atstart=no",
-        "--callgrind-out-file=" + (profiles / NameOf(one)).string()};
-    for (const std::string &word : CommandFor(program, one, "once", sizes[0])) {
-        command.push_back(word);
-    }
     Announce("instructions of", one);
-    return !RunProgram(command, patience).failed;
+    const auto instructions = CountInstructions(CommandFor(program, one, "once", sizes[0]),
+                                                patience, profiles, NameOf(one));
+    if (!instructions) {
+        return false;
+    }
+    for (const auto &[case_name, count] : *instructions) {
+        // An empty case was dumped as well.
+        Cost &cost = results.At(one, case_name);
+        if (cost.requests) {
+            cost.instructions = count;
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -150,10 +127,9 @@ std::optional<Results> MeasureAll(const std::filesystem::path &subject_program,
     }
     // One after the other as well: a second window on the screen would hide the first.
     for (const Combination &one : plan.counted) {
-        if (!CountOne(subject_program, one, profiles)) {
+        if (!CountOne(results, subject_program, one, profiles)) {
             return {};
         }
-        TakeProfiles(results, one, profiles);
     }
     return results;
 }

@@ -7,6 +7,7 @@
  * of its own. */
 
 #include <bench/graph/Cases.h>
+#include <bench/support/Costs.h>
 
 #include <tests/support/Traffic.h>
 
@@ -16,7 +17,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <malloc.h>
 #include <span>
 #include <string_view>
 
@@ -63,11 +63,6 @@ int Iterations(const Case &one, const Request &request) {
         return 1;
     }
     return std::min(nodes_in_all * one.repeat / request.shape.nodes, most);
-}
-
-long AllocatedBytes() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<long>(info.uordblks + info.hblkhd);
 }
 
 bool ActUnderCallgrind(const Case &one, Session &session) {

@@ -1,7 +1,9 @@
 /* Measures the managers beside what a user would pick instead, on a private X server, and prints a
  * table and whether the goals are met. */
 
-#include <bench/graph/Process.h>
+#include <bench/support/Process.h>
+#include <bench/support/Profiles.h>
+#include <bench/support/Verdict.h>
 
 #include <tests/support/XServer.h>
 
@@ -9,13 +11,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <map>
 #include <optional>
 #include <sstream>
 #include <tuple>
-#include <unistd.h>
 
 using namespace corvidlmw;
 using namespace corvidlmw::bench;
@@ -109,39 +109,18 @@ bool MeasureTimes(Results &results, const std::string &program, const std::strin
     return !output.failed;
 }
 
-// A profile names the case that it was dumped for, and ends with the sum of all costs.
-void TakeProfile(Results &results, const std::string &subject, int count,
-                 const std::filesystem::path &profile) {
-    constexpr std::string_view case_key = "desc: Trigger: Client Request: ";
-    constexpr std::string_view sum_key = "totals: ";
-    std::ifstream file(profile);
-    std::string name;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(case_key)) {
-            name = line.substr(case_key.size());
-        } else if (const auto found = results.find({subject, count, name});
-                   line.starts_with(sum_key) && found != results.end()) {
-            found->second.instructions = std::stod(line.substr(sum_key.size()));
+bool TakeInstructions(Results &results, const std::string &program, const std::string &subject,
+                      int count) {
+    const auto instructions =
+        CountInstructions({program, subject, std::to_string(count), "once"}, patience);
+    for (auto &[key, cost] : results) {
+        const auto &[of_subject, of_count, name] = key;
+        if (instructions && of_subject == subject && of_count == count) {
+            const auto found = instructions->find(name);
+            cost.instructions = found == instructions->end() ? 0 : found->second;
         }
     }
-}
-
-bool CountInstructions(Results &results, const std::string &program, const std::string &subject,
-                       int count) {
-    const auto directory =
-        std::filesystem::temp_directory_path() / ("bench-managers-" + std::to_string(getpid()));
-    std::filesystem::create_directories(directory);
-    const Output output =
-        RunProgram({"valgrind", "--quiet", "--tool=callgrind", "--collect-atstart=no",
-                    "--callgrind-out-file=" + (directory / "profile").string(), program, subject,
-                    std::to_string(count), "once"},
-                   patience);
-    for (const auto &entry : std::filesystem::directory_iterator(directory)) {
-        TakeProfile(results, subject, count, entry.path());
-    }
-    std::error_code ignored;
-    std::filesystem::remove_all(directory, ignored);
-    return !output.failed;
+    return instructions.has_value();
 }
 
 std::optional<Results> MeasureAll(const std::string &program) {
@@ -151,7 +130,7 @@ std::optional<Results> MeasureAll(const std::string &program) {
             for (const int count : family.counts) {
                 std::cerr << "bench: " << subject << ' ' << count << '\n';
                 if (!MeasureTimes(results, program, subject, count) ||
-                    !CountInstructions(results, program, subject, count)) {
+                    !TakeInstructions(results, program, subject, count)) {
                     return {};
                 }
             }
@@ -183,14 +162,6 @@ void PrintTable(const Results &results) {
         }
     }
     std::fputs(legend, stdout);
-}
-
-void PrintVerdict(const std::string &what, double value, double limit) {
-    std::printf("  %-8s %-62s %8.4f  goal <= %.2f\n",
-                std::isnan(value) ? "no value"
-                : value <= limit  ? "met"
-                                  : "MISSED",
-                what.c_str(), value, limit);
 }
 
 double CheapestPeer(const Results &results, const Goal &goal) {

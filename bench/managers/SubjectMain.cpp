@@ -7,18 +7,16 @@
  * --collect-atstart=no each case leaves a profile of its own. */
 
 #include <bench/managers/Subject.h>
+#include <bench/support/ClientDesk.h>
+#include <bench/support/Costs.h>
 
-#include <tests/support/Interpose.h>
 #include <tests/support/Traffic.h>
 
-#include <Xm/DrawingA.h>
 #include <X11/IntrinsicP.h>
 #include <valgrind/callgrind.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <string>
 
 using namespace corvidlmw;
@@ -26,49 +24,10 @@ using namespace corvidlmw::bench;
 
 namespace {
 
-struct Desk {
-    XtAppContext context;
-    Display *display;
-    Widget shell;
-    Widget parent; // gives its child any size
-};
-
-void Pump(const Desk &desk) {
-    test::interpose::SyncUnseen(desk.display);
-    while (XtAppPending(desk.context) != 0) {
-        XtAppProcessEvent(desk.context, XtIMAll);
-        if (XtAppPending(desk.context) == 0) {
-            test::interpose::SyncUnseen(desk.display);
-        }
-    }
-}
-
-Desk OpenDesk() {
-    XtToolkitInitialize();
-    Desk desk{};
-    desk.context = XtCreateApplicationContext();
-    int argc = 0;
-    desk.display =
-        XtOpenDisplay(desk.context, nullptr, "bench", "Bench", nullptr, 0, &argc, nullptr);
-    if (!desk.display) {
-        std::fprintf(stderr, "bench: no connection to the X server\n");
-        std::exit(EXIT_FAILURE);
-    }
-    desk.shell =
-        XtVaAppCreateShell("bench", "Bench", topLevelShellWidgetClass, desk.display, XtNwidth, 1200,
-                           XtNheight, 900, XtNoverrideRedirect, True, nullptr);
-    desk.parent =
-        XtVaCreateManagedWidget("parent", xmDrawingAreaWidgetClass, desk.shell, XmNresizePolicy,
-                                XmRESIZE_GROW, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
-    XtRealizeWidget(desk.shell);
-    Pump(desk);
-    return desk;
-}
-
 // ---- Cases -------------------------------------------------------------------------------------
 
 struct Session {
-    const Desk &desk;
+    const ClientDesk &desk;
     Subject &subject;
     int count;
     bool wide = false;
@@ -146,12 +105,6 @@ struct Cost {
     long round_trips = 0;
 };
 
-double CpuSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 // The last time counts: by then all colours and fonts are there.
 void ActOnce(const Case &one, Session &session, Cost &cost, test::RequestCounter &counter) {
     if (one.prepare) {
@@ -169,7 +122,7 @@ void ActOnce(const Case &one, Session &session, Cost &cost, test::RequestCounter
     }
 }
 
-void RunSession(const Desk &desk, std::string_view name, int count, bool once,
+void RunSession(const ClientDesk &desk, std::string_view name, int count, bool once,
                 std::span<Cost> costs) {
     // An earlier child may have made it larger than the screen shows.
     XtResizeWidget(desk.parent, desk.shell->core.width, desk.shell->core.height, 0);
@@ -190,9 +143,8 @@ void Print(const Case &one, Cost &cost) {
     if (cost.seconds.empty()) {
         return;
     }
-    const auto middle = cost.seconds.begin() + static_cast<std::ptrdiff_t>(cost.seconds.size() / 2);
-    std::nth_element(cost.seconds.begin(), middle, cost.seconds.end());
-    std::printf("%s %.9f %ld %ld\n", one.name, *middle, cost.requests, cost.round_trips);
+    std::printf("%s %.9f %ld %ld\n", one.name, Median(cost.seconds), cost.requests,
+                cost.round_trips);
 }
 
 } // namespace
@@ -204,7 +156,7 @@ int main(int argc, char **argv) {
         return 2;
     }
     const bool once = std::string_view(argv[3]) == "once";
-    const Desk desk = OpenDesk();
+    const ClientDesk desk = OpenDesk();
     std::vector<Cost> unused(std::size(cases));
     RunSession(desk, argv[1], 4, false,
                unused); // what is made once for a display costs nothing here

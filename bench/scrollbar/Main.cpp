@@ -1,8 +1,10 @@
 /* Measures SvScrollBar beside the toolkit's XmScrollBar, on a private X server, and prints a table and
  * whether the goals are met. */
 
-#include <bench/graph/Process.h>
 #include <bench/scrollbar/Bars.h>
+#include <bench/support/Process.h>
+#include <bench/support/Profiles.h>
+#include <bench/support/Verdict.h>
 
 #include <tests/support/XServer.h>
 
@@ -10,12 +12,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
-#include <unistd.h>
 
 using namespace corvidlmw;
 using namespace corvidlmw::bench;
@@ -59,39 +59,16 @@ bool MeasureTimes(Results &results, const std::string &program, const std::strin
     return !output.failed;
 }
 
-// A profile names the case that it was dumped for, and ends with the sum of all costs.
-void TakeProfile(Results &results, const std::filesystem::path &profile) {
-    constexpr std::string_view case_key = "desc: Trigger: Client Request: ";
-    constexpr std::string_view sum_key = "totals: ";
-    std::ifstream file(profile);
-    std::string name;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(case_key)) {
-            name = line.substr(case_key.size());
-        } else if (line.starts_with(sum_key)) {
-            for (const CaseTitle &one : case_titles) {
-                if (name == one.name) {
-                    results[name].instructions = std::stod(line.substr(sum_key.size())) / one.bars;
-                }
-            }
+bool TakeInstructions(Results &results, const std::string &program, const std::string &subject) {
+    const auto instructions = CountInstructions({program, subject, "once"}, patience);
+    for (const CaseTitle &one : case_titles) {
+        const auto found =
+            instructions ? instructions->find(one.name) : Instructions::const_iterator();
+        if (instructions && found != instructions->end()) {
+            results[one.name].instructions = found->second / one.bars;
         }
     }
-}
-
-bool CountInstructions(Results &results, const std::string &program, const std::string &subject) {
-    const auto directory =
-        std::filesystem::temp_directory_path() / ("bench-scrollbar-" + std::to_string(getpid()));
-    std::filesystem::create_directories(directory);
-    const Output output = RunProgram(
-        {"valgrind", "--quiet", "--tool=callgrind", "--collect-atstart=no",
-         "--callgrind-out-file=" + (directory / "profile").string(), program, subject, "once"},
-        patience);
-    for (const auto &entry : std::filesystem::directory_iterator(directory)) {
-        TakeProfile(results, entry.path());
-    }
-    std::error_code ignored;
-    std::filesystem::remove_all(directory, ignored);
-    return !output.failed;
+    return instructions.has_value();
 }
 
 // ---- Printing ----------------------------------------------------------------------------------
@@ -126,14 +103,6 @@ constexpr Goal goals[] = {
     {"set-values", "set values: instructions", &Cost::instructions, 0.6},
 };
 
-void PrintVerdict(const char *what, double value, double limit) {
-    std::printf("  %-8s %-40s %8.3f  goal <= %.2f\n",
-                std::isnan(value) ? "no value"
-                : value <= limit  ? "met"
-                                  : "MISSED",
-                what, value, limit);
-}
-
 void PrintGoals(Results &ours, Results &theirs) {
     std::printf("\nSvScrollBar : XmScrollBar\n");
     for (const Goal &goal : goals) {
@@ -158,7 +127,7 @@ int main() {
                                      std::pair<Results &, const char *>{theirs, "XmScrollBar"}}) {
         std::cerr << "bench: " << subject << '\n';
         if (!MeasureTimes(results, program, subject) ||
-            !CountInstructions(results, program, subject)) {
+            !TakeInstructions(results, program, subject)) {
             std::cerr << "bench: a measurement failed\n";
             return EXIT_FAILURE;
         }

@@ -7,20 +7,18 @@
  * now has more. Under callgrind with --collect-atstart=no each case leaves a profile of its own. */
 
 #include <bench/scrollbar/Bars.h>
+#include <bench/support/ClientDesk.h>
+#include <bench/support/Costs.h>
 
 #include <tests/support/Interpose.h>
 #include <tests/support/Traffic.h>
 
-#include <Xm/DrawingA.h>
 #include <Xm/ScrollBar.h>
 #include <corvidlmw/scrollbar/SvScrollBar.h>
 #include <valgrind/callgrind.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <malloc.h>
 #include <string_view>
 #include <vector>
 
@@ -29,51 +27,13 @@ using namespace corvidlmw::bench;
 
 namespace {
 
-// ---- Desk --------------------------------------------------------------------------------------
-
-struct Desk {
-    XtAppContext context;
-    Display *display;
-    Widget parent;
-};
-
-void Pump(const Desk &desk) {
-    test::interpose::SyncUnseen(desk.display);
-    while ((XtAppPending(desk.context) & XtIMXEvent) != 0) {
-        XtAppProcessEvent(desk.context, XtIMXEvent);
-        if ((XtAppPending(desk.context) & XtIMXEvent) == 0) {
-            test::interpose::SyncUnseen(desk.display);
-        }
-    }
-}
-
-Desk OpenDesk() {
-    XtToolkitInitialize();
-    Desk desk{};
-    desk.context = XtCreateApplicationContext();
-    int argc = 0;
-    desk.display =
-        XtOpenDisplay(desk.context, nullptr, "bench", "Bench", nullptr, 0, &argc, nullptr);
-    if (!desk.display) {
-        std::fprintf(stderr, "bench: no connection to the X server\n");
-        std::exit(EXIT_FAILURE);
-    }
-    Widget shell =
-        XtVaAppCreateShell("bench", "Bench", topLevelShellWidgetClass, desk.display, XtNwidth, 1200,
-                           XtNheight, 900, XtNoverrideRedirect, True, nullptr);
-    desk.parent = XtVaCreateManagedWidget("parent", xmDrawingAreaWidgetClass, shell, nullptr);
-    XtRealizeWidget(shell);
-    Pump(desk);
-    return desk;
-}
-
 // ---- Cases -------------------------------------------------------------------------------------
 
 // Vertical bars of 16 by 300 pixels beside one another. All events are made here and dispatched, so
 // that nothing of the server's own timing is measured.
 class Session {
 public:
-    Session(const Desk &desk, WidgetClass bar_class)
+    Session(const ClientDesk &desk, WidgetClass bar_class)
         : desk_(desk), class_(bar_class), ours_(bar_class == svScrollBarWidgetClass) {}
 
     void Create() {
@@ -92,7 +52,7 @@ public:
 
     void Show() {
         XtManageChildren(bars_.data(), bars_at_once);
-        Pump(desk_);
+        Pump(desk_, XtIMXEvent);
     }
 
     // The slider moves by about 80 pixels.
@@ -137,7 +97,7 @@ public:
             XtDestroyWidget(bar);
         }
         bars_.clear();
-        Pump(desk_);
+        Pump(desk_, XtIMXEvent);
     }
 
 private:
@@ -172,7 +132,7 @@ private:
         }
     }
 
-    const Desk &desk_;
+    const ClientDesk &desk_;
     WidgetClass class_;
     bool ours_;
     std::vector<Widget> bars_;
@@ -213,17 +173,6 @@ struct Cost {
     double bytes = 0;
 };
 
-double CpuSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-long AllocatedBytes() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<long>(info.uordblks + info.hblkhd);
-}
-
 // The last time counts: by then all that is made once is there.
 void ActOnce(const Case &one, Session &session, Cost &cost, test::RequestCounter &counter) {
     if (one.wait) {
@@ -241,7 +190,8 @@ void ActOnce(const Case &one, Session &session, Cost &cost, test::RequestCounter
     cost.bytes = static_cast<double>(AllocatedBytes() - bytes) / one.bars;
 }
 
-void RunSession(const Desk &desk, WidgetClass bar_class, bool once, std::vector<Cost> &costs) {
+void RunSession(const ClientDesk &desk, WidgetClass bar_class, bool once,
+                std::vector<Cost> &costs) {
     Session session(desk, bar_class);
     test::RequestCounter counter(desk.display);
     for (std::size_t i = 0; i < std::size(cases); ++i) {
@@ -259,15 +209,13 @@ void RunSession(const Desk &desk, WidgetClass bar_class, bool once, std::vector<
         if (one.restore) {
             (session.*one.restore)();
         }
-        Pump(desk);
+        Pump(desk, XtIMXEvent);
     }
 }
 
 void Print(const Case &one, Cost &cost) {
-    const auto middle = cost.seconds.begin() + static_cast<std::ptrdiff_t>(cost.seconds.size() / 2);
-    std::nth_element(cost.seconds.begin(), middle, cost.seconds.end());
-    std::printf("%s %.9f %.2f %.2f %.0f\n", one.name, *middle, cost.requests, cost.round_trips,
-                cost.bytes);
+    std::printf("%s %.9f %.2f %.2f %.0f\n", one.name, Median(cost.seconds), cost.requests,
+                cost.round_trips, cost.bytes);
 }
 
 int Usage() {
@@ -285,7 +233,7 @@ int main(int argc, char **argv) {
     const WidgetClass bar_class =
         name == "SvScrollBar" ? svScrollBarWidgetClass : xmScrollBarWidgetClass;
     const bool once = std::string_view(argv[2]) == "once";
-    const Desk desk = OpenDesk();
+    const ClientDesk desk = OpenDesk();
     std::vector<Cost> unused(std::size(cases));
     RunSession(desk, bar_class, false, unused);
     // A bar that stays keeps what is shared by all, as in a client that has many.

@@ -1,7 +1,7 @@
 /* Another program, run for what it prints. */
 
-#ifndef CORVIDLMW_BENCH_GRAPH_PROCESS_H
-#define CORVIDLMW_BENCH_GRAPH_PROCESS_H
+#ifndef CORVIDLMW_BENCH_SUPPORT_PROCESS_H
+#define CORVIDLMW_BENCH_SUPPORT_PROCESS_H
 
 #include <chrono>
 #include <string>

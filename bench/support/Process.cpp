@@ -1,4 +1,4 @@
-#include <bench/graph/Process.h>
+#include <bench/support/Process.h>
 
 #include <array>
 #include <cerrno>
