@@ -120,4 +120,10 @@ extern const char *_XmMsgScrollBar_0005;   // pageIncrement is below 1
 extern const char *_XmMsgScrollBar_0006;   // initialDelay is below 1
 extern const char *_XmMsgScrollBar_0007;   // repeatDelay is below 1
 extern const char *_XmMsgScrollBar_0008;   // sliderSize is above maximum - minimum
+
+// Shared parts of gadgets, kept in the list of a class: an equal one there is given once more, otherwise
+// `data` is copied. One Delete for each.
+void _XmCacheCopy(XtPointer source, XtPointer destination, size_t size);
+XtPointer _XmCachePart(XmCacheClassPartPtr list, XtPointer data, size_t size);
+void _XmCacheDelete(XtPointer data);
 }
