@@ -126,4 +126,39 @@ extern const char *_XmMsgScrollBar_0008;   // sliderSize is above maximum - mini
 void _XmCacheCopy(XtPointer source, XtPointer destination, size_t size);
 XtPointer _XmCachePart(XmCacheClassPartPtr list, XtPointer data, size_t size);
 void _XmCacheDelete(XtPointer data);
+
+// The secondary object of a gadget: blocks for it, the stack of the gadget's objects, and its resources.
+// What Alloc gives is not cleared.
+char *_XmExtObjAlloc(int size);
+void _XmExtObjFree(XtPointer block);
+void _XmPushWidgetExtData(Widget w, XmWidgetExtData data, unsigned char type);
+void _XmPopWidgetExtData(Widget w, XmWidgetExtData *data, unsigned char type);
+XmWidgetExtData _XmGetWidgetExtData(Widget w, unsigned char type);
+Cardinal _XmSecondaryResourceData(XmBaseClassExt extension, XmSecondaryResourceData **data,
+                                  XtPointer client_data, String name, String class_name,
+                                  XmResourceBaseProc base);
+void _XmExtImportArgs(Widget secondary, ArgList args, Cardinal *num_args);
+void _XmExtGetValuesHook(Widget secondary, ArgList args, Cardinal *num_args);
+
+// Colours, as default procedures of resources.
+void _XmForegroundColorDefault(Widget w, int offset, XrmValue *value);
+void _XmTopShadowColorDefault(Widget w, int offset, XrmValue *value);
+void _XmBottomShadowColorDefault(Widget w, int offset, XrmValue *value);
+
+// What a gadget does with its input.
+void _XmEnterGadget(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmLeaveGadget(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmFocusInGadget(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmFocusOutGadget(Widget w, XEvent *event, String *params, Cardinal *num_params);
+// Takes `w` for a label gadget.
+void _XmProcessDrag(Widget w, XEvent *event, String *params, Cardinal *num_params);
+// Calls the help callbacks of `w`, or of the next parent that has some.
+void _XmSocorro(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+// NULL until the row column's class is initialized. In truth an XmMenuProc.
+XtPointer _XmGetMenuProcContext(void);
+
+_XmString _XmStringCreateExternal(XmFontList table, _XmString string);
+
+extern const char *_XmMsgLabel_0003; // labelString is no compound string
 }

@@ -4,8 +4,6 @@
 
 namespace corvidlmw {
 
-namespace {
-
 bool HasAntialiasedFont(XmFontList fonts) {
     XmFontContext context = nullptr;
     if (!XmFontListInitFontContext(&context, fonts)) {
@@ -20,8 +18,6 @@ bool HasAntialiasedFont(XmFontList fonts) {
     XmFontListFreeFontContext(context);
     return found;
 }
-
-} // namespace
 
 void TextClip::Clip(XmFontList fonts) {
     if (clipped_ || !HasAntialiasedFont(fonts)) {

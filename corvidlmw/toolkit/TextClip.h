@@ -6,6 +6,9 @@
 
 namespace corvidlmw {
 
+// Such text looks neither at a GC's clip nor at its tile.
+bool HasAntialiasedFont(XmFontList fonts);
+
 class TextClip {
 public:
     TextClip(Display *display, Window window, Region region)
