@@ -120,8 +120,8 @@ XmGadgetClassExtRec _XmvIconGadClassExtRec = {
     .record_type = NULLQUARK,
     .version = XmGadgetClassExtVersion,
     .record_size = sizeof(XmGadgetClassExtRec),
-    .widget_baseline = XmvIconGadgetGetBaselines,
-    .widget_display_rect = XmvIconGadgetGetDisplayRect,
+    .widget_baseline = BaselinesForParent,
+    .widget_display_rect = DisplayRectForParent,
     .widget_margins = nullptr,
 };
 
@@ -546,16 +546,6 @@ extern "C" {
 
 Widget XmvCreateIconGadget(Widget parent, char *name, ArgList args, Cardinal argcount) {
     return XtCreateWidget(name, xmvIconGadgetClass, parent, args, argcount);
-}
-
-Boolean XmvIconGadgetGetDisplayRect(Widget w, XRectangle *rect) {
-    if (!IsIconGadget(w) || !rect) {
-        return False;
-    }
-    const auto &icon = IconOf(w);
-    *rect = {CutToPosition(w->core.x + icon.text_x), CutToPosition(w->core.y + icon.text_y),
-             icon.text_width, icon.text_height};
-    return True;
 }
 
 } // extern "C"

@@ -78,6 +78,10 @@ void SetSize(Widget w);
 XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *reply);
 Extent TextSizeOf(Widget w);
 
+// TextPlaces.cpp, as the toolkit asks for them
+Boolean BaselinesForParent(Widget w, Dimension **baselines, int *line_count);
+Boolean DisplayRectForParent(Widget w, XRectangle *rect);
+
 // Drawing.cpp
 void FetchTextGCs(Widget w);
 void FetchShadowGCs(Widget w);
