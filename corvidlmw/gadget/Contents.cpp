@@ -3,6 +3,8 @@
 #include <corvidlmw/gadget/IconGI.h>
 
 #include <algorithm>
+#include <optional>
+#include <unordered_map>
 
 namespace corvidlmw::icon_gadget {
 
@@ -47,28 +49,58 @@ Contents ContentsOf(Widget w) {
     return contents;
 }
 
-// A pixmap that its client has freed has no size.
+// ---- Pictures -------------------------------------------------------------------------------------
+
+// The depths that are not the window's, and those of insensitive pictures that were shown: in most
+// gadgets there are none of either, and their records have no room for them.
+struct Depths {
+    std::optional<int> picture;
+    std::optional<int> insensitive;
+};
+std::unordered_map<Widget, Depths> odd_depths;
+
+struct PixmapGeometry {
+    unsigned width = 0;
+    unsigned height = 0;
+    unsigned depth = 0;
+};
+
+// A pixmap that its client has freed is of no size.
+PixmapGeometry GeometryOf(Display *display, Pixmap pixmap) {
+    PixmapGeometry geometry;
+    Window root = None;
+    int place = 0;
+    unsigned border = 0;
+    if (XGetGeometry(display, pixmap, &root, &place, &place, &geometry.width, &geometry.height,
+                     &border, &geometry.depth) == 0) {
+        return {};
+    }
+    return geometry;
+}
+
+int WindowDepth(Widget w) {
+    return static_cast<int>(XtParent(w)->core.depth);
+}
+
+void NoteDepth(Widget w, int depth) {
+    if (depth != WindowDepth(w)) {
+        odd_depths[w].picture = depth;
+    } else if (const auto found = odd_depths.find(w); found != odd_depths.end()) {
+        found->second.picture.reset();
+    }
+}
+
 void MeasurePicture(Widget w) {
     auto &icon = IconOf(w);
     icon.pixmap_x = icon.pixmap_y = 0;
     icon.pixmap_width = icon.pixmap_height = 0;
-    InternalOf(w).picture_depth = 0;
     if (icon.label_pixmap == XmUNSPECIFIED_PIXMAP || icon.label_pixmap == None) {
         return;
     }
-    Window root = None;
-    int x = 0;
-    int y = 0;
-    unsigned width = 0;
-    unsigned height = 0;
-    unsigned border = 0;
-    unsigned depth = 0;
-    if (XGetGeometry(XtDisplay(XtParent(w)), icon.label_pixmap, &root, &x, &y, &width, &height,
-                     &border, &depth)) {
-        icon.pixmap_width = static_cast<Dimension>(width);
-        icon.pixmap_height = static_cast<Dimension>(height);
-        InternalOf(w).picture_depth = static_cast<unsigned char>(depth);
-    }
+    const PixmapGeometry geometry = GeometryOf(XtDisplay(XtParent(w)), icon.label_pixmap);
+    icon.pixmap_width = static_cast<Dimension>(geometry.width);
+    icon.pixmap_height = static_cast<Dimension>(geometry.height);
+    NoteDepth(w, static_cast<int>(geometry.depth));
 }
 
 } // namespace
@@ -82,10 +114,29 @@ void MeasureContents(Widget w) {
     MeasurePicture(w);
 }
 
-void ForgetPictureDepths(Widget old_w, Widget w) {
-    if (IconOf(w).label_insensitive_pixmap != IconOf(old_w).label_insensitive_pixmap) {
-        InternalOf(w).insensitive_picture_depth = 0;
+// That of an insensitive picture is asked for once it is shown.
+int DepthOfPicture(Widget w, bool insensitive) {
+    if (insensitive) {
+        auto &depth = odd_depths[w].insensitive;
+        if (!depth) {
+            const Pixmap pixmap = IconOf(w).label_insensitive_pixmap;
+            depth = static_cast<int>(GeometryOf(XtDisplay(XtParent(w)), pixmap).depth);
+        }
+        return *depth;
     }
+    const auto found = odd_depths.find(w);
+    return found == odd_depths.end() ? WindowDepth(w)
+                                     : found->second.picture.value_or(WindowDepth(w));
+}
+
+void ForgetInsensitivePicture(Widget w) {
+    if (const auto found = odd_depths.find(w); found != odd_depths.end()) {
+        found->second.insensitive.reset();
+    }
+}
+
+void ForgetPictures(Widget w) {
+    odd_depths.erase(w);
 }
 
 void SetSize(Widget w) {

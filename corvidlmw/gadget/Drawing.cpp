@@ -9,7 +9,6 @@
 #include <X11/ShellP.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace corvidlmw::icon_gadget {
 
@@ -74,7 +73,6 @@ private:
     void DrawText() const;
     void DrawPicture() const;
     Pixmap ShownPixmap() const;
-    int ShownDepth() const;
     void CopyPicture(Pixmap pixmap, int depth) const;
 
     Widget w_;
@@ -145,34 +143,11 @@ Pixmap Painter::ShownPixmap() const {
     return sensitive_ ? icon_.label_pixmap : icon_.label_insensitive_pixmap;
 }
 
-int DepthOfPixmap(Display *display, Pixmap pixmap) {
-    Window root = None;
-    int place = 0;
-    unsigned size = 0;
-    unsigned depth = 0;
-    return XGetGeometry(display, pixmap, &root, &place, &place, &size, &size, &size, &depth)
-               ? static_cast<int>(depth)
-               : 0;
-}
-
-// That of the insensitive picture is asked for once it is shown.
-int Painter::ShownDepth() const {
-    auto &internal = InternalOf(w_);
-    if (sensitive_) {
-        return internal.picture_depth;
-    }
-    if (internal.insensitive_picture_depth == 0) {
-        internal.insensitive_picture_depth =
-            static_cast<unsigned char>(DepthOfPixmap(display_, icon_.label_insensitive_pixmap));
-    }
-    return internal.insensitive_picture_depth;
-}
-
 void Painter::DrawPicture() const {
     const Pixmap pixmap = ShownPixmap();
     if (pixmap != XmUNSPECIFIED_PIXMAP && pixmap != None && icon_.pixmap_width > 0 &&
         icon_.pixmap_height > 0) {
-        CopyPicture(pixmap, ShownDepth());
+        CopyPicture(pixmap, DepthOfPicture(w_, !sensitive_));
     }
 }
 

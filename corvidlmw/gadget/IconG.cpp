@@ -3,6 +3,7 @@
 #include <corvidlmw/gadget/IconGI.h>
 
 #include <corvidlmw/common/ArrowPixmaps.h>
+#include <corvidlmw/gadget/SharedFonts.h>
 
 #include <Xm/MenuT.h>
 #include <Xm/RepType.h>
@@ -401,7 +402,6 @@ void Initialize(Widget request, Widget new_w, ArgList, Cardinal *) {
     auto &icon = IconOf(new_w);
     icon.arrow_pixmap = XmUNSPECIFIED_PIXMAP;
     icon.arrow_width = icon.arrow_height = 0;
-    icon.internal = nullptr;
     icon.pixmap_x = icon.pixmap_y = 0;
     MenuProcOf(new_w);
     CacheOf(new_w).skip_callback = False;
@@ -427,10 +427,11 @@ void Initialize(Widget request, Widget new_w, ArgList, Cardinal *) {
 void Destroy(Widget w) {
     auto &icon = IconOf(w);
     _XmStringFree(icon.label_string);
-    XmFontListFree(icon.font_list);
+    ReleaseFonts(icon.font_list);
     if (icon.arrow_pixmap != XmUNSPECIFIED_PIXMAP) {
         ReleaseArrowPixmap(icon.arrow_pixmap);
     }
+    ForgetPictures(w);
     ReleaseMirror(w);
     _XmCacheDelete(icon.cache);
     ReleaseTextGCs(w);
@@ -499,7 +500,7 @@ void TakeFonts(Widget w) {
         const bool own_class = XtClass(w) == xmvIconGadgetClass;
         fonts = XmeGetDefaultRenderTable(w, own_class ? XmLABEL_FONTLIST : XmBUTTON_FONTLIST);
     }
-    fonts = XmFontListCopy(fonts);
+    fonts = AcquireFonts(fonts);
 }
 
 _XmString NameAsLabel(Widget w) {

@@ -25,18 +25,6 @@ inline bool IsIconGadget(Widget w) {
     return w && XmvIsIconGadget(w);
 }
 
-// What `internal` holds, in place of a pointer to it.
-struct Internal {
-    // 0 while it is not known.
-    unsigned char picture_depth;
-    unsigned char insensitive_picture_depth;
-};
-static_assert(sizeof(Internal) <= sizeof(XtPointer));
-
-inline Internal &InternalOf(Widget w) {
-    return reinterpret_cast<Internal &>(IconOf(w).internal);
-}
-
 // The gadgets of a menu take part in it otherwise than those of a row or column.
 inline bool IsInMenuPane(Widget w) {
     const int type = CacheOf(w).menu_type;
@@ -72,8 +60,10 @@ Margins MarginsOf(Widget w);
 
 // Contents.cpp: text, picture, sizes and places.
 void MeasureContents(Widget w);
-// The picture's depth is found out with its size; another insensitive picture has one of its own.
-void ForgetPictureDepths(Widget old_w, Widget w);
+// Of the picture, or of the insensitive one; 0 where there is none.
+int DepthOfPicture(Widget w, bool insensitive);
+void ForgetInsensitivePicture(Widget w);
+void ForgetPictures(Widget w);
 void SetSize(Widget w);
 XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *reply);
 Extent TextSizeOf(Widget w);

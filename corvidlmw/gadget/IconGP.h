@@ -69,7 +69,6 @@ typedef struct {
     Pixmap arrow_pixmap; /* XmUNSPECIFIED_PIXMAP until it is needed */
     int arrow_width, arrow_height;
     XmvIconGCacheObjPart *cache;
-    XtPointer internal;
 } XmvIconGadgetPart;
 
 /* `label` is what the toolkit reads and writes where it takes the gadget for one of its label gadgets.

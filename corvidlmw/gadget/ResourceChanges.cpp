@@ -3,6 +3,7 @@
 #include <corvidlmw/gadget/IconGI.h>
 
 #include <corvidlmw/common/ArrowPixmaps.h>
+#include <corvidlmw/gadget/SharedFonts.h>
 
 #include <Xm/RepType.h>
 
@@ -43,7 +44,7 @@ bool TakeFont(Widget old_w, Widget w) {
     }
     TakeFonts(w);
     _XmStringUpdate(IconOf(w).font_list, IconOf(w).label_string);
-    XmFontListFree(old_fonts);
+    ReleaseFonts(old_fonts);
     old_fonts = nullptr;
     return true;
 }
@@ -130,7 +131,9 @@ Boolean SetValues(Widget old_w, Widget request, Widget new_w, ArgList, Cardinal 
     Due due;
     const bool label = TakeLabel(old_w, request, new_w);
     const bool font = TakeFont(old_w, new_w);
-    ForgetPictureDepths(old_w, new_w);
+    if (IconOf(new_w).label_insensitive_pixmap != IconOf(old_w).label_insensitive_pixmap) {
+        ForgetInsensitivePicture(new_w);
+    }
     SelectInput(new_w);
     TakeMenuHighlight(new_w);
     if (CacheOf(new_w).show_arrow) {

@@ -31,6 +31,7 @@ protected:
             XmRendition rendition =
                 XmRenditionCreate(board, Name(XmFONTLIST_DEFAULT_TAG), args, XtNumber(args));
             table = XmRenderTableAddRenditions(nullptr, &rendition, 1, XmMERGE_REPLACE);
+            XmRenditionFree(rendition);
         }
         return table;
     }
@@ -177,7 +178,7 @@ TEST_F(GadgetDrawingTest, WhatHasNoRoomIsCutOffInsideOfTheShadow) {
                     const Pixel pixel = shown.At(x, y);
                     ASSERT_TRUE(pixel == grey || pixel == dark || pixel == light) << x << ", " << y;
                 }
-        EXPECT_GT(shown.Count(ink), 30);
+        EXPECT_GT(shown.Count(ink), 15);
         // The clip does not stay on the GC, which others share.
         Widget other = Make({{XmNx, 300}, {XmNlabelString, Label("W")}});
         Pump();
