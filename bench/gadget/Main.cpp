@@ -2,7 +2,9 @@
  * prints a table and whether the goals are met. */
 
 #include <bench/gadget/Gadgets.h>
-#include <bench/graph/Process.h>
+#include <bench/support/Process.h>
+#include <bench/support/Profiles.h>
+#include <bench/support/Verdict.h>
 
 #include <tests/support/XServer.h>
 
@@ -10,12 +12,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
-#include <unistd.h>
+#include <vector>
 
 using namespace corvidlmw;
 using namespace corvidlmw::bench;
@@ -72,47 +73,17 @@ bool MeasureTimes(Results &results, const std::string &program, const Setup &set
     return !output.failed;
 }
 
-// A profile names the case that it was dumped for, and ends with the sum of all costs.
-void TakeProfile(Results &results, const std::filesystem::path &profile, int count) {
-    constexpr std::string_view case_key = "desc: Trigger: Client Request: ";
-    constexpr std::string_view sum_key = "totals: ";
-    std::ifstream file(profile);
-    std::string name;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(case_key)) {
-            name = line.substr(case_key.size());
-        } else if (line.starts_with(sum_key) && results.contains(name)) {
-            results[name].instructions = std::stod(line.substr(sum_key.size())) / count;
-        }
-    }
-}
-
-bool CountInstructions(Results &results, const std::string &program, const Setup &setup) {
-    const auto directory =
-        std::filesystem::temp_directory_path() / ("bench-gadget-" + std::to_string(getpid()));
-    std::filesystem::create_directories(directory);
-    std::vector<std::string> command = {"valgrind", "--quiet", "--tool=callgrind",
-                                        "--collect-atstart=no",
-                                        "--callgrind-out-file=" + (directory / "profile").string()};
-    for (const std::string &word : setup.Command(program)) {
-        command.push_back(word);
-    }
-    const Output output = RunProgram(command, patience);
-    for (const auto &entry : std::filesystem::directory_iterator(directory)) {
-        TakeProfile(results, entry.path(), setup.count);
-    }
-    std::error_code ignored;
-    std::filesystem::remove_all(directory, ignored);
-    return !output.failed;
-}
-
 Results Measure(const std::string &program, const Setup &setup) {
     std::cerr << "bench: " << setup.count << ' ' << setup.subject << ", " << setup.looks << ", "
               << setup.picture << '\n';
     Results results;
-    if (!MeasureTimes(results, program, setup) || !CountInstructions(results, program, setup)) {
+    const auto instructions = CountInstructions(setup.Command(program), patience);
+    if (!MeasureTimes(results, program, setup) || !instructions) {
         std::cerr << "bench: a measurement failed\n";
         std::exit(EXIT_FAILURE);
+    }
+    for (const auto &[name, count] : *instructions) {
+        results[name].instructions = count / setup.count;
     }
     return results;
 }
@@ -122,14 +93,6 @@ Results Measure(const std::string &program, const Setup &setup) {
 void PrintRow(const char *title, const Setup &setup, const Cost &cost) {
     std::printf("%-8s %-14s %9.2f %9.0f %9.2f %7.2f %7.0f\n", title, setup.subject.c_str(),
                 cost.seconds * 1e6, cost.instructions, cost.requests, cost.round_trips, cost.bytes);
-}
-
-void PrintVerdict(const char *what, double value, double limit) {
-    std::printf("  %-8s %-44s %8.3f  goal <= %.2f\n",
-                std::isnan(value) ? "no value"
-                : value <= limit  ? "met"
-                                  : "MISSED",
-                what, value, limit);
 }
 
 // ---- Comparisons ---------------------------------------------------------------------------------
@@ -177,7 +140,7 @@ void CompareGrowth(const std::string &program) {
     PrintVerdict("all the same", equal, 1.1);
     PrintVerdict("different margins", margins, 1.1);
     PrintVerdict("different foregrounds", colors, 1.1);
-    std::printf("  %-8s %-44s %8.3f\n", "", "XmIconGadget of different margins", theirs);
+    std::printf("  %-8s %-62s %8.3f\n", "", "XmIconGadget of different margins", theirs);
 }
 
 } // namespace

@@ -7,8 +7,9 @@
  * Under callgrind with --collect-atstart=no each case leaves a profile of its own. */
 
 #include <bench/gadget/Gadgets.h>
+#include <bench/support/ClientDesk.h>
+#include <bench/support/Costs.h>
 
-#include <tests/support/Interpose.h>
 #include <tests/support/Traffic.h>
 
 #include <X11/IntrinsicP.h>
@@ -21,16 +22,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
-#include <malloc.h>
 #include <string_view>
 #include <vector>
 
 using namespace corvidlmw;
+using namespace corvidlmw::bench;
 
 namespace {
 
-// ---- Desk --------------------------------------------------------------------------------------
+// ---- Subjects ----------------------------------------------------------------------------------
 
 struct Subject {
     const char *name;
@@ -44,56 +44,19 @@ const Subject subjects[] = {
     {"XmIconGadget", &xmIconGadgetClass, XmNlargeIconPixmap},
 };
 
-struct Desk {
-    XtAppContext context;
-    Display *display;
-    Widget shell;
-    Pixmap picture;
-};
-
-void Pump(const Desk &desk) {
-    test::interpose::SyncUnseen(desk.display);
-    while ((XtAppPending(desk.context) & XtIMXEvent) != 0) {
-        XtAppProcessEvent(desk.context, XtIMXEvent);
-        if ((XtAppPending(desk.context) & XtIMXEvent) == 0) {
-            test::interpose::SyncUnseen(desk.display);
-        }
-    }
-}
-
-Desk OpenDesk() {
-    XtToolkitInitialize();
-    Desk desk{};
-    desk.context = XtCreateApplicationContext();
-    int argc = 0;
-    desk.display =
-        XtOpenDisplay(desk.context, nullptr, "bench", "Bench", nullptr, 0, &argc, nullptr);
-    if (!desk.display) {
-        std::fprintf(stderr, "bench: no connection to the X server\n");
-        std::exit(EXIT_FAILURE);
-    }
-    desk.shell =
-        XtVaAppCreateShell("bench", "Bench", topLevelShellWidgetClass, desk.display, XtNwidth, 1200,
-                           XtNheight, 900, XtNoverrideRedirect, True, nullptr);
-    const int screen = DefaultScreen(desk.display);
-    desk.picture = XCreatePixmap(desk.display, DefaultRootWindow(desk.display), 16, 16,
-                                 static_cast<unsigned>(DefaultDepth(desk.display, screen)));
-    return desk;
-}
-
 // ---- Cases -------------------------------------------------------------------------------------
 
 enum class Looks { equal, margins, colors };
 
 class Session {
 public:
-    Session(const Desk &desk, const Subject &subject, int count, Looks looks, bool picture)
+    Session(const ClientDesk &desk, const Subject &subject, int count, Looks looks, bool picture)
         : desk_(desk), subject_(subject), count_(count), looks_(looks), picture_(picture),
           label_(XmStringCreateLocalized(const_cast<char *>("a gadget"))) {
-        parent_ = XtVaCreateManagedWidget("parent", xmDrawingAreaWidgetClass, desk.shell,
-                                          XmNresizePolicy, XmRESIZE_NONE, nullptr);
-        XtRealizeWidget(desk.shell);
-        Pump(desk);
+        XtVaSetValues(desk.parent, XmNresizePolicy, XmRESIZE_NONE, nullptr);
+        const int screen = DefaultScreen(desk.display);
+        pixmap_ = XCreatePixmap(desk.display, RootWindow(desk.display, screen), 16, 16,
+                                static_cast<unsigned>(DefaultDepth(desk.display, screen)));
         // What stays keeps what is shared, as in a client that has many.
         CreateOne(-1);
         gadgets_.reserve(static_cast<std::size_t>(count));
@@ -124,21 +87,20 @@ public:
             XExposeEvent event{};
             event.type = Expose;
             event.display = desk_.display;
-            event.window = XtWindow(parent_);
+            event.window = XtWindow(desk_.parent);
             event.width = 1200;
             event.height = 900;
             XtClass(gadget)->core_class.expose(gadget, reinterpret_cast<XEvent *>(&event), nullptr);
         }
     }
 
-    void Destroy() { XtDestroyWidget(parent_); }
+    void Destroy() { XtDestroyWidget(desk_.parent); }
 
 private:
     Widget CreateOne(int number) {
         std::vector<Arg> args = {{const_cast<char *>(XmNlabelString), XtArgVal(label_)}};
         if (picture_) {
-            args.push_back(
-                {const_cast<char *>(subject_.pixmap), static_cast<XtArgVal>(desk_.picture)});
+            args.push_back({const_cast<char *>(subject_.pixmap), static_cast<XtArgVal>(pixmap_)});
         }
         if (looks_ == Looks::margins) {
             args.push_back({const_cast<char *>(XmNmarginWidth), number % 100});
@@ -146,17 +108,17 @@ private:
         } else if (looks_ == Looks::colors) {
             args.push_back({const_cast<char *>(XmNforeground), number});
         }
-        return XtCreateWidget(const_cast<char *>("gadget"), *subject_.gadget_class, parent_,
+        return XtCreateWidget(const_cast<char *>("gadget"), *subject_.gadget_class, desk_.parent,
                               args.data(), static_cast<Cardinal>(args.size()));
     }
 
-    const Desk &desk_;
+    const ClientDesk &desk_;
     const Subject &subject_;
     int count_;
     Looks looks_;
     bool picture_;
     XmString label_;
-    Widget parent_;
+    Pixmap pixmap_ = None;
     std::vector<Widget> gadgets_;
 };
 
@@ -174,18 +136,7 @@ constexpr Case cases[] = {
 
 // ---- Measuring ---------------------------------------------------------------------------------
 
-double CpuSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-long AllocatedBytes() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<long>(info.uordblks + info.hblkhd);
-}
-
-void Measure(const Desk &desk, const Case &one, Session &session, int count) {
+void Measure(const ClientDesk &desk, const Case &one, Session &session, int count) {
     test::RequestCounter counter(desk.display);
     const long bytes = AllocatedBytes();
     const double start = CpuSeconds();
@@ -224,7 +175,7 @@ int main(int argc, char **argv) {
     if (!subject || count < 1) {
         return Usage();
     }
-    const Desk desk = OpenDesk();
+    const ClientDesk desk = OpenDesk();
     Session session(desk, *subject, count, looks, std::string_view(argv[4]) == "with-picture");
     CALLGRIND_ZERO_STATS;
     for (const Case &one : cases) {

@@ -101,12 +101,14 @@ void Board::ShowShadows() {
     }
 }
 
+// An arrow is as large as the letters of a core font: antialiased ones do not count.
 void Board::ShowArrows() {
     StartRow("arrow");
     for (const auto &[name, placement] : placements) {
         Add(name, 120,
             {Set(XmNshowArrow, True), Set(XmNiconPlacement, placement),
-             Set(XmNlabelPixmap, pictures_.folder()), Set(XmNheight, HeightFor(placement))});
+             Set(XmNlabelPixmap, pictures_.folder()), Set(XmNheight, HeightFor(placement))},
+            "core");
     }
 }
 
@@ -114,7 +116,7 @@ void Board::ShowPictures() {
     const Arg bitmap = Set(XmNlabelBitmap, pictures_.check());
     const Arg as_picture = Set(XmNlabelPixmap, pictures_.check());
     const Arg insensitive = Set(XmNlabelInsensitivePixmap, pictures_.check());
-    StartRow("bitmap, picture only");
+    StartRow("pictures");
     Add("bitmap", 0, {as_picture, insensitive, bitmap});
     Add("bitmap in colours", 0,
         {as_picture, insensitive, bitmap, Set(XmNforeground, 0x205090),

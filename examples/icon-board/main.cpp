@@ -19,7 +19,7 @@ char *fallback_resources[] = {
     const_cast<char *>("*text.fontType: FONT_IS_XFT"),
     const_cast<char *>("*text.fontName: DejaVu Sans"),
     const_cast<char *>("*text.fontSize: 10"),
-    const_cast<char *>("*core.fontList: 7x13"),
+    const_cast<char *>("*core.fontList: 9x15"),
     nullptr,
 };
 
