@@ -187,24 +187,37 @@ void ClipLook(Widget w, GC gc) {
     Clip(w, gc, *StateOf(w).clip);
 }
 
-void ClipToBars(Widget w) {
-    auto &list = ListOf(w);
-    auto &state = StateOf(list);
-    const Rectangle area = BarArea(FrameOf(w));
-    if (!state.normal_clipped_to_bars) {
-        Clip(w, list.normal_gc, area);
-        state.normal_clipped_to_bars = true;
-    }
-    for (GC gc : {list.arm_gc, PrimitiveOf(w).top_shadow_GC, PrimitiveOf(w).bottom_shadow_GC}) {
-        Clip(w, gc, area);
-    }
+BarClip::BarClip(Widget w) : widget_(w) {
+    StateOf(w).bar_clips++;
 }
 
-void UnclipFromBars(Widget w) {
-    for (GC gc :
-         {PrimitiveOf(w).top_shadow_GC, ListOf(w).arm_gc, PrimitiveOf(w).bottom_shadow_GC}) {
-        XSetClipMask(XtDisplay(w), gc, None);
+BarClip::~BarClip() {
+    auto &state = StateOf(widget_);
+    if (--state.bar_clips > 0 || !state.bars_clipped) {
+        return;
     }
+    const auto &primitive = PrimitiveOf(widget_);
+    for (GC gc : {primitive.top_shadow_GC, ListOf(widget_).arm_gc, primitive.bottom_shadow_GC}) {
+        XSetClipMask(XtDisplay(widget_), gc, None);
+    }
+    state.bars_clipped = false;
+}
+
+void BarClip::Clip() {
+    auto &state = StateOf(widget_);
+    const auto &primitive = PrimitiveOf(widget_);
+    const Rectangle area = BarArea(FrameOf(widget_));
+    if (!state.normal_clipped_to_bars) {
+        list::Clip(widget_, ListOf(widget_).normal_gc, area);
+        state.normal_clipped_to_bars = true;
+    }
+    if (state.bars_clipped) {
+        return;
+    }
+    for (GC gc : {ListOf(widget_).arm_gc, primitive.top_shadow_GC, primitive.bottom_shadow_GC}) {
+        list::Clip(widget_, gc, area);
+    }
+    state.bars_clipped = true;
 }
 
 } // namespace corvidlmw::list

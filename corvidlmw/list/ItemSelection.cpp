@@ -58,6 +58,7 @@ bool SelectionFollowsAddMode(const LmListPart &list, bool on) {
 
 void DeselectAllBut(Widget w, int kept) {
     const RowSet &selected = StateOf(w).selected;
+    const BarClip together(w);
     for (int row = selected.Next(0); row >= 0; row = selected.Next(row + 1)) {
         if (row != kept) {
             Deselect(w, row);

@@ -81,6 +81,7 @@ void SelectCursorRow(Widget w, int row) {
 
 void SelectAllRows(Widget w) {
     auto &list = ListOf(w);
+    const BarClip together(w);
     for (int row = 0; row < list.element_count; row++) {
         if (!ElementOf(list, row).selected) {
             SetBothSelected(list, row, true);

@@ -130,30 +130,6 @@ void DrawIcon(Widget w, const LmListElement &element, Point at) {
 
 // ---- Bars -----------------------------------------------------------------------------------------
 
-// The shadows' GCs are the toolkit's and shared: they are clipped while bars are drawn, and never longer.
-class BarClip {
-public:
-    explicit BarClip(Widget w) : widget_(w) {}
-    ~BarClip() {
-        if (clipped_) {
-            UnclipFromBars(widget_);
-        }
-    }
-    BarClip(const BarClip &) = delete;
-    BarClip &operator=(const BarClip &) = delete;
-
-    void Clip() {
-        if (!clipped_) {
-            ClipToBars(widget_);
-            clipped_ = true;
-        }
-    }
-
-private:
-    Widget widget_;
-    bool clipped_ = false;
-};
-
 // The text stands there already, but for its indent: antialiased text drawn over itself would get
 // bolder outside of the cell.
 void DrawCellText(Widget w, const LmListElement &element, const Layout &layout, const Row &row,

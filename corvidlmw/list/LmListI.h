@@ -61,7 +61,9 @@ struct ListState {
     std::optional<Rectangle> clip;           // of all GCs that are clipped to the inner area
     std::optional<Rectangle> highlight_clip; // of highlight_gc
     bool normal_clipped_to_bars = false;     // normal_gc alone is not
-    bool rows_reach_out = false;             // into what they do not clear
+    int bar_clips = 0;
+    bool bars_clipped = false;
+    bool rows_reach_out = false; // into what they do not clear
     Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
     bool in_query = false;
     std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
@@ -246,9 +248,22 @@ void FreeGCs(Widget w);
 void SetClipRect(Widget w);
 // For a row's own new GC.
 void ClipLook(Widget w, GC gc);
-// Clips what bars are drawn with, normal_gc included, and all but that back to nothing.
-void ClipToBars(Widget w);
-void UnclipFromBars(Widget w);
+// The shadows' GCs are the toolkit's and shared: they are clipped while bars are drawn, and never longer.
+// Rows that are drawn one by one while one of these lives share the clip; no client is called meanwhile.
+class BarClip {
+public:
+    explicit BarClip(Widget w);
+    ~BarClip();
+    BarClip(const BarClip &) = delete;
+    BarClip &operator=(const BarClip &) = delete;
+
+    // What bars are drawn with, normal_gc included, which stays so.
+    void Clip();
+
+private:
+    Widget widget_;
+};
+
 // The drawable of a list's depth that a GC is made on, for as long as this lives.
 class DrawableOfDepth {
 public:

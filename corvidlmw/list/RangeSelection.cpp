@@ -28,6 +28,7 @@ RowSpan SpanOf(const LmListPart &list, int one, int other) {
 
 void DrawSpan(Widget w, RowSpan span) {
     const RowRange rows = RowsInView(ListOf(w));
+    const BarClip together(w);
     for (int row = std::max(span.first, rows.first); row <= span.last && row < rows.end; row++) {
         DrawItem(w, row);
     }
@@ -35,6 +36,7 @@ void DrawSpan(Widget w, RowSpan span) {
 
 void DeselectIn(Widget w, RowSpan span) {
     auto &list = ListOf(w);
+    const BarClip together(w);
     ForEachIn(StateOf(list).selected, span, [&](int row) {
         SetSelected(list, row, false);
         DrawItem(w, row);
@@ -84,6 +86,7 @@ void SelectRange(Widget w, int first, int last, bool value) {
 
 void RestoreRange(Widget w, int first, int last, Anchor anchor) {
     auto &list = ListOf(w);
+    const BarClip together(w);
     ForEachIn(StateOf(list).unsettled, SpanOf(list, first, last), [&](int row) {
         if (row != list.start_item || anchor == Anchor::Restored) {
             SetSelected(list, row, ElementOf(list, row).last_selected != False);
