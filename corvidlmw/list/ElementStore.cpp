@@ -73,18 +73,11 @@ void NumberHeights(LmListPart &list, int row, int count) {
 
 // ---- Elements -------------------------------------------------------------------------------------
 
-void DescribeItem(const LmListPart &list, LmListElement &element, XmString item) {
-    element.name = _XmStringCreate(item);
-    element.length = item ? XmStringLength(item) : 0;
-    element.line_count = CutToDimension(_XmStringLineCount(element.name));
-    MeasureText(list, element);
-}
-
 LmListElement *MakeElement(LmListPart &list, XmString item) {
-    auto *element =
-        static_cast<LmListElement *>(static_cast<void *>(XtMalloc(sizeof(LmListElement))));
+    LmListElement *element = StateOf(list).pool.Take();
     *element = {};
-    DescribeItem(list, *element, item);
+    element->name = _XmStringCreate(item);
+    MeasureText(list, *element);
     // The window does not show it yet.
     element->drawn_selected = True;
     Count(list, *element);
@@ -95,7 +88,7 @@ void FreeElement(Widget w, LmListElement *element) {
     DropLook(w, *element);
     Discount(ListOf(w), *element);
     _XmStringFree(element->name);
-    XtFree(reinterpret_cast<char *>(element));
+    StateOf(w).pool.Give(element);
 }
 
 // A taller row makes all rows taller, at once.
@@ -128,20 +121,26 @@ void SelectNewRows(LmListPart &list, int row, int count) {
 // ---- Rows come ------------------------------------------------------------------------------------
 
 void InsertRows(Widget w, int row, const XmString *strings, int count, Selection selection) {
+    std::vector<OwnedXmString> copies = CopiesOf(strings, std::max(count, 0));
+    AdoptRows(w, row, copies, selection);
+}
+
+void AdoptRows(Widget w, int row, std::span<OwnedXmString> strings, Selection selection) {
     auto &list = ListOf(w);
     auto &state = StateOf(list);
+    const auto count = static_cast<int>(strings.size());
     if (count < 1) {
         return;
     }
-    std::vector<OwnedXmString> copies = CopiesOf(strings, count);
     ShiftHeights(list, row, count);
     state.items.Open(row, count);
     state.elements.Open(row, count);
+    state.pool.Expect(count);
     state.selected.InsertRows(row, count);
     state.unsettled.InsertRows(row, count);
     ShowArrays(list);
     for (int i = 0; i < count; i++) {
-        list.items[row + i] = copies[static_cast<std::size_t>(i)].release();
+        list.items[row + i] = strings[static_cast<std::size_t>(i)].release();
         list.elements[row + i] = MakeElement(list, list.items[row + i]);
     }
     NumberHeights(list, row, count);
@@ -226,7 +225,8 @@ void ReplaceRow(Widget w, int row, XmString string, Selection selection) {
     list.items[row] = copy;
     element.icon = None;
     element.icon_width = element.icon_height = element.indent = 0;
-    DescribeItem(list, element, copy);
+    element.name = _XmStringCreate(copy);
+    MeasureText(list, element);
     Count(list, element);
     SetBothSelected(list, row, false);
     element.drawn_selected = True;

@@ -4,6 +4,7 @@
 // First: it mends declarations of the toolkit's private headers.
 #include <corvidlmw/toolkit/Toolkit.h>
 
+#include <corvidlmw/list/BlockPool.h>
 #include <corvidlmw/list/LmListP.h>
 #include <corvidlmw/list/RowGeometry.h>
 #include <corvidlmw/list/RowSet.h>
@@ -43,6 +44,7 @@ struct ListState {
     // The blocks that `items` and `elements` point into.
     SlackArray<XmString> items;
     SlackArray<LmListElement *> elements;
+    BlockPool<LmListElement> pool; // what those point to
 
     // The highest of all rows, so that no change of one row asks all the others.
     Tally heights;
@@ -167,6 +169,8 @@ enum class Selection { Nothing, ByMembership };
 // Copies `count` strings to rows from `row` on, which is 0 to item_count. The strings can be the list's
 // own.
 void InsertRows(Widget w, int row, const XmString *strings, int count, Selection selection);
+// The same with strings that the list takes over.
+void AdoptRows(Widget w, int row, std::span<OwnedXmString> strings, Selection selection);
 void RemoveRows(Widget w, int row, int count);
 // Removes the rows of a set, which is any but the state's own.
 void RemoveRowSet(Widget w, const RowSet &rows);
@@ -201,7 +205,8 @@ void RecomputeMaxWidth(LmListPart &list);
 // After `count` rows came or changed, until it is next recomputed.
 void RaiseMaxWidth(LmListPart &list, int row, int count);
 
-// Between an element and what is kept of all of them; for the store itself.
+// Between an element and what is kept of all of them; for the store itself. To measure is to say all that
+// follows from the string.
 void MeasureText(const LmListPart &list, LmListElement &element);
 void Count(LmListPart &list, const LmListElement &element);
 void Discount(LmListPart &list, const LmListElement &element);

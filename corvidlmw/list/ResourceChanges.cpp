@@ -299,16 +299,12 @@ void PullTopBack(LmListPart &list) {
     }
 }
 
-void InstallItems(Widget w, const GivenStrings &given) {
+// The list keeps the copies.
+void InstallItems(Widget w, GivenStrings &given) {
     auto &list = ListOf(w);
-    std::vector<XmString> strings;
-    strings.reserve(given.copies.size());
-    for (const OwnedXmString &copy : given.copies) {
-        strings.push_back(copy.get());
-    }
     const int top = list.top_item_position;
     RemoveAllRows(w);
-    InsertRows(w, 0, strings.data(), given.count, Selection::Nothing);
+    AdoptRows(w, 0, given.copies, Selection::Nothing);
     list.top_item_position = top;
     PullTopBack(list);
     list.last_highlighted = list.current_keyboard_item = 0;
@@ -317,7 +313,7 @@ void InstallItems(Widget w, const GivenStrings &given) {
 
 void ChangeItems(Change &change) {
     auto &list = change.list();
-    const GivenStrings &given = change.items;
+    GivenStrings &given = change.items;
     if (!given.changed) {
         return;
     }

@@ -31,8 +31,15 @@ void MeasureAllAnew(LmListPart &list) {
 // ---- One row --------------------------------------------------------------------------------------
 
 void MeasureText(const LmListPart &list, LmListElement &element) {
-    if (!StateOf(list).text_widths.Measure(element.name, &element.width, &element.height)) {
+    if (const auto line = StateOf(list).text_widths.Measure(element.name)) {
+        element.width = line->width;
+        element.height = line->height;
+        element.length = line->length;
+        element.line_count = 1;
+    } else {
         _XmStringExtent(list.font_list, element.name, &element.width, &element.height);
+        element.length = element.name ? XmStringLength(element.name) : 0;
+        element.line_count = CutToDimension(_XmStringLineCount(element.name));
     }
     element.height =
         std::max(element.height, CutToDimension(std::max<int>(element.icon_height, 0)));

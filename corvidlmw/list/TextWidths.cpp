@@ -23,71 +23,128 @@ XFontStruct *OnlyFont(XmFontList fonts) {
     return core_font && core_font->max_byte1 == 0 ? core_font : nullptr;
 }
 
-short WidthOf(XFontStruct *font, char character) {
-    return CutToPosition(XTextWidth(font, &character, 1));
+// Of a string of these components, as a stream of bytes: each has its type and its length before it, and
+// the whole has a mark and its length. A length of 128 and more takes two bytes more.
+class StreamLength {
+public:
+    void AddComponent(unsigned length) {
+        body_ += 2 + More(length) + length;
+        // What the toolkit makes of a length that two bytes cannot hold is its own.
+        fits_ = fits_ && length <= longest && body_ <= longest;
+    }
+    int Of(XmString string) const {
+        return fits_ ? static_cast<int>(mark + 1 + More(body_) + body_) : XmStringLength(string);
+    }
+
+private:
+    static constexpr unsigned mark = 3;
+    static constexpr unsigned longest = 32767;
+
+    static unsigned More(unsigned length) { return length < 128 ? 0 : 2; }
+
+    unsigned body_ = 0;
+    bool fits_ = true;
+};
+
+// No sum of widths overflows.
+constexpr unsigned longest_text = 1U << 20;
+
+bool IsText(XmStringComponentType type) {
+    return type == XmSTRING_COMPONENT_TEXT || type == XmSTRING_COMPONENT_LOCALE_TEXT;
 }
 
 } // namespace
 
-// What is used must agree with the toolkit about a string with every character.
+// ---- Widths ---------------------------------------------------------------------------------------
+
+// What is used must agree with the toolkit about a string with every character, and about a longer one.
 void TextWidths::Take(XmFontList fonts) {
+    constexpr unsigned char first = ' ';
+    constexpr unsigned char last = '~';
     usable_ = false;
     XFontStruct *font = OnlyFont(fonts);
     if (!font) {
         return;
     }
+    widths_.fill(not_plain);
     std::string probe;
     for (char character = first; character <= last; character++) {
-        widths_[static_cast<std::size_t>(character - first)] = WidthOf(font, character);
+        widths_[static_cast<unsigned char>(character)] =
+            CutToPosition(XTextWidth(font, &character, 1));
         probe += character;
     }
-    const OwnedXmString string(XmStringCreateLocalized(probe.data()));
+    height_ = CutToDimension(font->ascent + font->descent);
+    usable_ = true;
+    usable_ = AgreesWithToolkit(fonts, probe) && AgreesWithToolkit(fonts, probe + probe);
+}
+
+bool TextWidths::AgreesWithToolkit(XmFontList fonts, const std::string &text) {
+    std::string writable = text;
+    const OwnedXmString string(XmStringCreateLocalized(writable.data()));
     Dimension width = 0;
-    _XmStringExtent(fonts, string.get(), &width, &height_);
-    int sum = 0;
-    usable_ = AddText(probe.data(), static_cast<unsigned>(probe.size()), &sum) && sum == width;
+    Dimension height = 0;
+    _XmStringExtent(fonts, string.get(), &width, &height);
+    const auto measured = Measure(string.get());
+    return measured && measured->width == width && measured->height == height &&
+           measured->length == XmStringLength(string.get());
 }
 
-bool TextWidths::AddText(const char *text, unsigned length, int *width) const {
+TextWidths::Width TextWidths::WidthOf(const char *text, unsigned length) const {
+    Width width = 0;
     for (unsigned i = 0; i < length; i++) {
-        const auto character = static_cast<unsigned char>(text[i]);
-        if (character < first || character > last) {
-            return false;
-        }
-        *width += widths_[static_cast<std::size_t>(character - first)];
+        width += widths_[static_cast<unsigned char>(text[i])];
     }
-    return length > 0; // an empty text has no height
+    return width;
 }
 
-bool TextWidths::Measure(XmString string, Dimension *width, Dimension *height) const {
-    XmStringContext context = nullptr;
-    if (!usable_ || !string || !XmStringInitContext(&context, string)) {
-        return false;
+// ---- Strings --------------------------------------------------------------------------------------
+
+// A new context costs as much as a walk.
+bool TextWidths::BeginWalk(XmString string) {
+    if (context_) {
+        _XmStringContextReInit(context_, string);
+        return true;
     }
-    int sum = 0;
+    return XmStringInitContext(&context_, string) != False;
+}
+
+void TextWidths::DropContext() {
+    if (context_) {
+        XmStringFreeContext(context_);
+        context_ = nullptr;
+    }
+}
+
+std::optional<LineMeasures> TextWidths::Measure(XmString string) {
+    if (!usable_ || !string || !BeginWalk(string)) {
+        return {};
+    }
+    StreamLength stream;
+    Width width = 0;
     int texts = 0;
     bool plain = true;
     while (plain) {
         unsigned length = 0;
         XtPointer value = nullptr;
         const XmStringComponentType type =
-            XmeStringGetComponent(context, True, False, &length, &value);
+            XmeStringGetComponent(context_, True, False, &length, &value);
         if (type == XmSTRING_COMPONENT_END) {
             break;
         }
-        const bool is_text =
-            type == XmSTRING_COMPONENT_TEXT || type == XmSTRING_COMPONENT_LOCALE_TEXT;
-        texts += is_text ? 1 : 0;
-        plain = is_text ? AddText(static_cast<const char *>(value), length, &sum)
-                        : type == XmSTRING_COMPONENT_TAG;
+        const bool is_only_text = IsText(type) && texts == 0 && length <= longest_text;
+        plain = is_only_text || type == XmSTRING_COMPONENT_TAG;
+        if (is_only_text) {
+            // An empty text has no height.
+            width += length > 0 ? WidthOf(static_cast<const char *>(value), length) : not_plain;
+            texts++;
+        }
+        stream.AddComponent(length);
     }
-    XmStringFreeContext(context);
-    if (!plain || texts != 1) {
-        return false;
+    if (!plain || texts != 1 || width >= not_plain) {
+        DropContext();
+        return {};
     }
-    *width = CutToDimension(sum);
-    *height = height_;
-    return true;
+    return LineMeasures{CutToDimension(static_cast<int>(width)), height_, stream.Of(string)};
 }
 
 } // namespace corvidlmw::list

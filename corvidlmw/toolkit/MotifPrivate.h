@@ -66,6 +66,9 @@ _XmString _XmStringCreate(XmString string);
 void _XmStringFree(_XmString string);
 void _XmStringUpdate(XmFontList table, _XmString string);
 int _XmStringLineCount(_XmString string);
+// Begins anew with a context that has come across no rendition, layout or direction: what it holds of
+// those is lost. The string has to outlive the walk alone.
+void _XmStringContextReInit(XmStringContext context, XmString string);
 void _XmStringExtent(XmFontList table, _XmString string, Dimension *width, Dimension *height);
 void _XmStringDraw(Display *display, Window window, XmFontList table, _XmString string, GC gc,
                    Position x, Position y, Dimension width, unsigned char alignment,

@@ -396,8 +396,11 @@ TEST_F(ListFontTest, DrawsAntialiasedTextWithinItsArea) {
 
 // Most strings are measured without the toolkit, in tables of one font.
 TEST_F(ListFontTest, MeasuresAsTheToolkitDoes) {
-    const Texts texts = {"", "plain ~ text!",       "\xc3\xa4\xc3\xb6", "a\tb", "a\nb",
-                         "", std::string(900, 'W'), "\x01\x7f"};
+    Texts texts = {"", "plain ~ text!",       "\xc3\xa4\xc3\xb6", "a\tb", "a\nb",
+                   "", std::string(900, 'W'), "\x01\x7f"};
+    // Where the bytes that lengths take become more.
+    for (const std::size_t size : {96, 97, 98, 99, 100, 126, 127, 128})
+        texts.push_back(std::string(size, 'i'));
     for (const char *font : {"fixed", "variable", "10x20", "9x15bold", "fixed,variable=other"}) {
         SetResource(std::string("*measured.fontList: ") + font);
         Strings strings(texts);
@@ -417,6 +420,16 @@ TEST_F(ListFontTest, MeasuresAsTheToolkitDoes) {
         XmStringFree(mixed);
         XtDestroyWidget(list);
     }
+}
+
+TEST_F(ListFontTest, SaysHowLongItsStringsAre) {
+    Texts texts;
+    for (const std::size_t size : {0, 32735, 32736, 32766, 32767, 32768, 65535, 65536, 200000})
+        texts.push_back(std::string(size, 'i'));
+    Strings strings(texts);
+    Widget list = Make(texts);
+    for (int row = 0; row < PartOf(list).item_count; row++)
+        EXPECT_EQ(RowOf(list, row).length, XmStringLength(strings[row])) << row;
 }
 
 TEST_F(ListFontTest, MeasuresRowsOfSeveralLines) {

@@ -114,6 +114,7 @@ inline void ExpectInOrder(Widget w) {
         const LmListElement &element = RowOf(w, row);
         ASSERT_TRUE(XmStringCompare(list.items[row], element.name)) << row;
         ASSERT_EQ(element.width, XmStringWidth(list.font_list, list.items[row])) << row;
+        ASSERT_EQ(element.length, XmStringLength(list.items[row])) << row;
         tallest = std::max<int>(tallest, element.height);
         const int pitch = list.max_item_height + list.item_spacing;
         const int expected =

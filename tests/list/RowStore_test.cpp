@@ -1,5 +1,6 @@
-// The set of rows, the array with room at its ends and the bag of strings, against the plainest ones there
-// are.
+// The set of rows, the array with room at its ends, the entries in blocks and the bag of strings, against the
+// plainest ones there are.
+#include <corvidlmw/list/BlockPool.h>
 #include <corvidlmw/list/RowSet.h>
 #include <corvidlmw/list/SlackArray.h>
 #include <corvidlmw/list/StringBag.h>
@@ -8,6 +9,8 @@
 #include <tests/support/Random.h>
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -79,6 +82,32 @@ TEST(SlackArray, IsAnArray) {
         }
         array.Close(0, array.size());
         EXPECT_EQ(array.data(), nullptr);
+    }
+}
+
+TEST(BlockPool, HandsOutEachPlaceOnce) {
+    Random random;
+    for (int life = 0; life < 20; life++) {
+        BlockPool<std::array<int, 5>, 16> pool;
+        std::map<std::array<int, 5> *, int> model;
+        const double adding = random.Chance(0.5) ? 0.6 : 0.4;
+        for (int step = 0; step < 600; step++) {
+            if (random.Chance(0.02))
+                pool.Expect(random.Between(0, 40));
+            if (random.Chance(adding) || model.empty()) {
+                auto *entry = pool.Take();
+                entry->fill(step);
+                ASSERT_TRUE(model.emplace(entry, step).second);
+            } else {
+                const auto one =
+                    std::next(model.begin(), random.Between(0, static_cast<int>(model.size()) - 1));
+                pool.Give(one->first);
+                model.erase(one);
+            }
+            ASSERT_EQ(pool.size(), static_cast<int>(model.size()));
+        }
+        for (const auto &[entry, step] : model)
+            ASSERT_EQ(std::count(entry->begin(), entry->end(), step), 5);
     }
 }
 
