@@ -103,10 +103,10 @@ private:
         return blocks_[open_];
     }
 
-    // What is expected, or a quarter of what there is.
+    // For the many that are expected; where they come one by one, for a quarter of what there is.
     typename Blocks::iterator AddBlock() {
         constexpr int least = 8;
-        const int wanted = expected_ > 0 ? expected_ : std::max(size_ / 4, least);
+        const int wanted = expected_ > least ? expected_ : std::max(size_ / 4, least);
         const int capacity = std::min(wanted, largest_block);
         auto *slots = static_cast<Slot *>(static_cast<void *>(
             XtMalloc(static_cast<Cardinal>(capacity) * static_cast<Cardinal>(sizeof(Slot)))));

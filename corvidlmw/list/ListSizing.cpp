@@ -81,7 +81,8 @@ void PullOriginBack(Widget w) {
     } else if (list.max_width - origin < width) {
         origin = list.max_width - width;
     }
-    list.x_origin = CutToPosition(std::max(origin, 0));
+    // Right to left, a list wider than its rows would push all of them out of view.
+    list.x_origin = CutToPosition(std::clamp(origin, 0, std::max(list.max_width - width, 0)));
 }
 
 } // namespace

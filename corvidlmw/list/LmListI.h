@@ -56,9 +56,10 @@ struct ListState {
     RowSet selected;
     RowSet unsettled;
 
-    int pitch = 0;            // of the running heights as they are
-    bool stale_fonts = false; // rows were measured in other fonts
-    TextWidths text_widths;   // in font_list
+    int pitch = 0;                   // of the running heights as they are
+    bool stale_fonts = false;        // rows were measured in other fonts
+    TextWidths text_widths;          // in font_list
+    std::optional<bool> antialiased; // has font_list such a font: known from the first drawing on
 
     std::optional<Rectangle> clip;           // of all GCs that are clipped to the inner area
     std::optional<Rectangle> highlight_clip; // of highlight_gc

@@ -99,6 +99,7 @@ void TakeFonts(Widget w) {
     list.font_list = XmFontListCopy(list.font_list ? list.font_list
                                                    : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST));
     StateOf(list).text_widths.Take(list.font_list);
+    StateOf(list).antialiased.reset();
 }
 
 // ---- Changes --------------------------------------------------------------------------------------------

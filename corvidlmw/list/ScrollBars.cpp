@@ -151,8 +151,19 @@ bool ScrollsThroughParent(Widget w) {
 
 // ---- Telling bars ---------------------------------------------------------------------------------------
 
+const SvScrollBarPart &PartOf(Widget bar) {
+    return reinterpret_cast<SvScrollBarWidget>(bar)->scroll_bar;
+}
+
+// Each added row asks, so the list's own class of bars is not asked by the names of its resources.
 BarValues ShownBy(Widget bar) {
     BarValues shown;
+    if (SvIsScrollBar(bar)) {
+        SvScrollBarGetValues(bar, &shown.value, &shown.slider_size, &shown.increment,
+                             &shown.page_increment);
+        shown.maximum = PartOf(bar).maximum;
+        return shown;
+    }
     XtVaGetValues(bar, XmNmaximum, &shown.maximum, XmNvalue, &shown.value, XmNsliderSize,
                   &shown.slider_size, XmNincrement, &shown.increment, XmNpageIncrement,
                   &shown.page_increment, nullptr);
@@ -167,10 +178,15 @@ void Tell(Widget bar, const BarValues &values) {
     }
 }
 
+unsigned char DirectionOf(Widget bar, unsigned char preset) {
+    return SvIsScrollBar(bar) ? PartOf(bar).processing_direction
+                              : ResourceOf(bar, XmNprocessingDirection, preset);
+}
+
 void SetDirection(Widget bar, bool right_to_left) {
     const auto direction =
         static_cast<unsigned char>(right_to_left ? XmMAX_ON_LEFT : XmMAX_ON_RIGHT);
-    if (ResourceOf<unsigned char>(bar, XmNprocessingDirection, direction) != direction) {
+    if (DirectionOf(bar, direction) != direction) {
         XtVaSetValues(bar, XmNprocessingDirection, direction, nullptr);
     }
 }

@@ -327,6 +327,17 @@ TEST_F(ListDrawingTest, DrawsFromRightToLeft) {
     EXPECT_EQ(texts[1].numbers[0], list->core.width - 14 - 14 * 6);
 }
 
+TEST_F(ListDrawingTest, DrawsFromRightToLeftInAListWiderThanItsRows) {
+    Widget list = Make({"a"}, {{XmNstringDirection, XmSTRING_DIRECTION_R_TO_L},
+                               {XmNlistSizePolicy, XmCONSTANT},
+                               {XmNwidth, 200}});
+    Show();
+    XtVaSetValues(list, XmNwidth, 220, nullptr);
+    Recorder recorder;
+    ShowAnew(list);
+    EXPECT_EQ(recorder.Calls("XDrawImageString", XtWindow(list)).at(0).numbers[0], 220 - 14 - 6);
+}
+
 // The sum of the heights passes 65,536 sixteen times on the way to the end.
 TEST_F(ListDrawingTest, DrawsEveryRegionOfALongList) {
     Widget list = Make(Numbered(65'000), {{XmNvisibleItemCount, 6}});
