@@ -1,5 +1,7 @@
 #include "FileList.h"
 
+#include <Utf8.h>
+
 #include <corvidlmw/list/LmList.h>
 
 #include <algorithm>
@@ -50,11 +52,11 @@ XmRenderTable MakeTable(Widget w, int depth) {
     return table;
 }
 
-// A tab or a new line in a name would part the row.
+// A tab or a new line in a name would part the row, and its bytes need not be UTF-8.
 std::string InOneField(std::string text) {
     const auto parts = [](unsigned char character) { return character < ' ' || character == 0x7f; };
     std::replace_if(text.begin(), text.end(), parts, '?');
-    return text;
+    return graph_browser::CleanUtf8(text, false);
 }
 
 std::string RowText(const Entry &entry) {
