@@ -53,7 +53,7 @@ std::optional<Instructions> CountInstructions(const std::vector<std::string> &co
     const fs::path directory =
         fs::temp_directory_path() / ("bench-profiles-" + std::to_string(getpid()));
     fs::create_directories(directory);
-    const auto instructions = CountInstructions(command, patience, directory, "profile");
+    auto instructions = CountInstructions(command, patience, directory, "profile");
     std::error_code ignored;
     fs::remove_all(directory, ignored);
     return instructions;
