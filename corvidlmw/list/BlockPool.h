@@ -40,6 +40,10 @@ public:
 
     // What stands in it is for the caller to say.
     T *Take() {
+        if constexpr (largest_block == 1) {
+            size_++;
+            return &Allocate(1)->entry;
+        }
         Block &block = BlockWithRoom();
         Slot *slot = block.freed ? std::exchange(block.freed, block.freed->next_freed)
                                  : block.slots + block.fresh++;
@@ -51,9 +55,13 @@ public:
 
     void Give(T *entry) {
         auto *slot = reinterpret_cast<Slot *>(entry);
+        size_--;
+        if constexpr (largest_block == 1) {
+            XtFree(reinterpret_cast<char *>(slot));
+            return;
+        }
         const auto block = BlockOf(slot);
         block->used--;
-        size_--;
         if (block->used > 0) {
             slot->next_freed = std::exchange(block->freed, slot);
             open_ = static_cast<std::size_t>(block - blocks_.begin());
@@ -81,6 +89,10 @@ private:
     };
     using Blocks = std::vector<Block>; // by address
 
+    static Slot *Allocate(int count) {
+        return static_cast<Slot *>(static_cast<void *>(
+            XtMalloc(static_cast<Cardinal>(count) * static_cast<Cardinal>(sizeof(Slot)))));
+    }
     static void Free(const Block &block) { XtFree(reinterpret_cast<char *>(block.slots)); }
 
     static bool IsBefore(const Slot *slot, const Block &block) {
@@ -108,8 +120,7 @@ private:
         constexpr int least = 8;
         const int wanted = expected_ > least ? expected_ : std::max(size_ / 4, least);
         const int capacity = std::min(wanted, largest_block);
-        auto *slots = static_cast<Slot *>(static_cast<void *>(
-            XtMalloc(static_cast<Cardinal>(capacity) * static_cast<Cardinal>(sizeof(Slot)))));
+        Slot *slots = Allocate(capacity);
         const auto place = std::upper_bound(blocks_.begin(), blocks_.end(), slots, IsBefore);
         return blocks_.insert(place, Block{.slots = slots, .capacity = capacity});
     }
