@@ -1,8 +1,9 @@
 // list-looks: what a list can look like, each look in a frame with its name.
 
+#include "../graph-browser/ShownMark.h"
+
 #include <corvidlmw/list/LmList.h>
 
-#include <X11/Xatom.h>
 #include <Xm/Frame.h>
 #include <Xm/Label.h>
 #include <Xm/RowColumn.h>
@@ -231,23 +232,6 @@ void AddBars(Widget gallery) {
     XtSetSensitive(AddList(gallery, "insensitive", true, birds), False);
 }
 
-// ---- Program ----------------------------------------------------------------------------------------------
-
-// A script that takes a picture waits for this property.
-Boolean TellWhenShown(XtPointer closure) {
-    Widget shell = static_cast<Widget>(closure);
-    Display *display = XtDisplay(shell);
-    XSync(display, False);
-    if (XPending(display) > 0) {
-        return False;
-    }
-    const unsigned char shown = 1;
-    XChangeProperty(display, XtWindow(shell), XInternAtom(display, "LIST_LOOKS_SHOWN", False),
-                    XA_CARDINAL, 8, PropModeReplace, &shown, 1);
-    XFlush(display);
-    return True;
-}
-
 } // namespace
 
 int main(int argc, char **argv) {
@@ -264,9 +248,10 @@ int main(int argc, char **argv) {
     AddText(gallery);
     Widget columns = AddColumns(gallery);
     AddBars(gallery);
+    graph_browser::ShownMark mark(shell, columns);
+    mark.Expect("list-looks");
     XtRealizeWidget(shell);
     ClickColumn(columns);
-    XtAppAddWorkProc(app, TellWhenShown, shell);
     XtAppMainLoop(app);
     return EXIT_SUCCESS;
 }
