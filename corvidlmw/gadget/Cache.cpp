@@ -168,6 +168,7 @@ Boolean SetValuesPrehook(Widget, Widget request, Widget new_w, ArgList args, Car
     *request_object = *object;
     IconOf(new_w).cache = &object->icon_cache;
     IconOf(request).cache = &request_object->icon_cache;
+    HoldMirror(new_w);
     return False;
 }
 
@@ -267,7 +268,7 @@ void _XmReCacheIconG(Widget w) {
         _XmCacheDelete(cache);
         cache = Share(w, &local_cache.part);
     }
-    AdjustMirror(before, w);
+    UpdateMirror(before, w);
 }
 
 } // extern "C"

@@ -52,8 +52,8 @@ void SetOverrideCallback(Widget w);
 
 // LabelMirror.cpp: what the toolkit sees of the gadget where it takes it for a label gadget.
 void CreateMirror(Widget w);
-void UpdateMirror(Widget old_w, Widget w);
-void AdjustMirror(const XmvIconGCacheObjPart &before, Widget w);
+void HoldMirror(Widget w);
+void UpdateMirror(const XmvIconGCacheObjPart &before, Widget w);
 void ReleaseMirror(Widget w);
 // The margins with what a row or column added to them.
 Margins MarginsOf(Widget w);

@@ -6,6 +6,8 @@
 
 #include <corvidlmw/gadget/SharedParts.h>
 
+#include <Xm/CacheP.h>
+
 #include <cstring>
 #include <iterator>
 
@@ -103,17 +105,15 @@ void CreateMirror(Widget w) {
     label.cache = Share(cache);
 }
 
-// Each of the two records has a share of its own: the parent's constraints still look at the old one
-// after SetValues, and may exchange the new one.
-void UpdateMirror(Widget old_w, Widget w) {
-    MirrorFields(w);
-    LabelCache cache;
-    Adjust(CacheOf(old_w), w, cache);
-    RecordOf(w).label.cache = Share(cache);
+// From the start of a change the old record and the new one have a share each: the parent's constraints
+// still look at the old one after SetValues, and a further change within this one may exchange the new.
+void HoldMirror(Widget w) {
+    auto *shared = DataToGadgetCache(RecordOf(w).label.cache);
+    ++reinterpret_cast<XmGadgetCachePtr>(shared)->ref_count;
 }
 
-// Outside of a change there is no old record.
-void AdjustMirror(const XmvIconGCacheObjPart &before, Widget w) {
+void UpdateMirror(const XmvIconGCacheObjPart &before, Widget w) {
+    MirrorFields(w);
     LabelCache cache;
     Adjust(before, w, cache);
     ReleaseMirror(w);

@@ -142,13 +142,13 @@ Boolean SetValues(Widget old_w, Widget request, Widget new_w, ArgList, Cardinal 
     TakeContents(old_w, request, new_w, label || font, due);
     due.redisplay |= TakeAlignment(old_w, new_w);
     TakeMargins(old_w, request, new_w, due);
-    UpdateMirror(old_w, new_w);
+    due.redisplay |= TakeColors(old_w, new_w, font);
+    UpdateMirror(CacheOf(old_w), new_w);
     if (due.resize) {
         XtClass(new_w)->core_class.resize(new_w);
     }
     due.redisplay |= SensitivityDiffers(old_w, new_w);
     TakeMenuTraversal(new_w);
-    due.redisplay |= TakeColors(old_w, new_w, font);
     if (due.redisplay && CacheOf(new_w).menu_type == XmMENU_PULLDOWN) {
         CallMenuProcedure(XmMENU_MEMWIDGET_UPDATE, new_w, nullptr);
     }

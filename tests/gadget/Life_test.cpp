@@ -116,5 +116,20 @@ TEST_F(LifeTest, AChangeWithinAChangeKeepsBoth) {
     EXPECT_EQ(MirrorOf(gadget).margin_right, 8);
 }
 
+TEST_F(LifeTest, AWarningOfAChangeMayMakeAnother) {
+    static Widget inner;
+    Widget gadget = inner = Make();
+    const XtErrorHandler handler = XtAppSetWarningHandler(app, [](String) {
+        if (Widget w = std::exchange(inner, nullptr))
+            Set(w, {{XmNmarginRight, 8}, {XmNlabelString, Label("inner")}});
+    });
+    Set(gadget, {{XmNmarginLeft, 6}, {XmNalignment, 77}});
+    XtAppSetWarningHandler(app, handler);
+    EXPECT_EQ(inner, nullptr);
+    EXPECT_EQ(TextOf(gadget), "inner");
+    EXPECT_EQ(MirrorOf(gadget).margin_left, 6);
+    EXPECT_EQ(MirrorOf(gadget).margin_right, 8);
+}
+
 } // namespace
 } // namespace corvidlmw::test

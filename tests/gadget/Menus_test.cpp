@@ -36,6 +36,7 @@ protected:
         EXPECT_EQ(record.label._label, record.icon.label_string);
         EXPECT_EQ(record.label.font, record.icon.font_list);
         EXPECT_EQ(record.label.pixmap, record.icon.label_pixmap);
+        EXPECT_EQ(record.label.normal_GC, record.icon.normal_gc);
         const auto &part = *record.icon.cache;
         const auto &mirror = *record.label.cache;
         EXPECT_EQ(mirror.label_type, XmSTRING);
@@ -63,7 +64,7 @@ protected:
         Set(first, {{XmNmarginLeft, 6}});
         Set(second, {{XmNlabelString, Label("other")}, {XmNforeground, red}});
         Set(second, {{XmNlabelString, Label("second")}, {XmNforeground, ink}});
-        Set(second, {{XmNshadowThickness, 4}});
+        Set(second, {{XmNshadowThickness, 4}, {XmNbackground, 0x808080}});
         // Of the label's own margins the toolkit would free what it has not allocated.
         Set(label, {{XmNlabelString, Label("longer label")}});
         Set(label, {{XmNlabelString, Label("a label")}});
