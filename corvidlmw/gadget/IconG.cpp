@@ -235,6 +235,10 @@ void InheritProcedures(WidgetClass widget_class) {
     if (record->rect_class.resize == XtInheritResize) {
         record->rect_class.resize = SetSize;
     }
+    // The toolkit has a name for inheriting this one as well, but leaves it to the class.
+    if (record->gadget_class.cache_part == XmInheritCachePart) {
+        record->gadget_class.cache_part = &icon_cache_part;
+    }
 }
 
 void InheritExtension(WidgetClass widget_class) {

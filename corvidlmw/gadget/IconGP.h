@@ -82,7 +82,7 @@ typedef struct _XmvIconGadgetRec {
     XmvIconGadgetPart icon;
 } XmvIconGadgetRec;
 
-/* A subclass may inherit both of these, and XtInheritResize. */
+/* A subclass may inherit this, XtInheritResize and XmInheritCachePart. */
 #define XmvInheritSetOverrideCallback ((XtWidgetProc)_XtInherit)
 
 typedef struct {

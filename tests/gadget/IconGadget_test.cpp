@@ -254,6 +254,36 @@ TEST_F(IconGadgetTest, AssignsMarginsInACopy) {
     EXPECT_FALSE(PartOf(one).cache->skip_callback);
 }
 
+TEST_F(IconGadgetTest, ASubclassInheritsAllOfIt) {
+    static XmvIconGadgetClassRec record{};
+    auto &rect = record.rect_class;
+    rect.superclass = xmvIconGadgetClass;
+    rect.class_name = Name("Subclass");
+    rect.widget_size = sizeof(XmvIconGadgetRec);
+    rect.resize = XtInheritResize;
+    rect.expose = XtInheritExpose;
+    rect.set_values_almost = XtInheritSetValuesAlmost;
+    rect.version = XtVersion;
+    rect.query_geometry = XtInheritQueryGeometry;
+    record.gadget_class.border_highlight = XmInheritBorderHighlight;
+    record.gadget_class.border_unhighlight = XmInheritBorderUnhighlight;
+    record.gadget_class.input_dispatch = XmInheritInputDispatch;
+    record.gadget_class.visual_change = XmInheritVisualChange;
+    record.gadget_class.cache_part = XmInheritCachePart;
+    record.icon_class.setOverrideCallback = XmvInheritSetOverrideCallback;
+    Widget one = XtVaCreateManagedWidget("icon", reinterpret_cast<WidgetClass>(&record), board,
+                                         XmNbackground, grey, XmNforeground, ink, nullptr);
+    EXPECT_TRUE(XmIsLabelGadget(one));
+    EXPECT_EQ(one->core.width, 4 * 7 + 10 + 4);
+    EXPECT_EQ(PartOf(one).cache, PartOf(Make()).cache);
+    Set(one, {{XmNmarginLeft, 5}});
+    EXPECT_EQ(one->core.width, 4 * 7 + 10 + 4 + 5);
+    record.icon_class.setOverrideCallback(one);
+    EXPECT_TRUE(PartOf(one).cache->skip_callback);
+    Show();
+    EXPECT_GT(Picture::Of(one).Count(ink), 20);
+}
+
 // ---- Sizes ----------------------------------------------------------------------------------------
 
 TEST_F(IconGadgetTest, IsWiderThanItSaysWhereItHasNoPicture) {
