@@ -50,7 +50,7 @@ uint64_t HashOf(const XmvIconGCacheObjPart &part) {
 XmvIconGCacheObjPart *Share(Widget w, XmvIconGCacheObjPart *part) {
     static SharedParts parts;
     auto *list = reinterpret_cast<XmGadgetClass>(XtClass(w))->gadget_class.cache_part;
-    if (list != &icon_cache_part) {
+    if (list != &IconClassCachePart) {
         return static_cast<XmvIconGCacheObjPart *>(_XmCachePart(list, part, sizeof *part));
     }
     return parts.Share(part, HashOf(*part), _XmvIconCacheCompare);
@@ -132,7 +132,7 @@ Dimension Assign(Widget w, Dimension XmvIconGCacheObjPart::*margin, Dimension va
 
 // ---- Hooks ----------------------------------------------------------------------------------------
 
-XmCacheClassPart icon_cache_part = {
+XmCacheClassPart IconClassCachePart = {
     .cache_head = {nullptr, nullptr, 0},
     .cache_copy = _XmCacheCopy,
     .cache_delete = _XmCacheDelete,

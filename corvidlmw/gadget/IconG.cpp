@@ -197,7 +197,7 @@ XmvIconGadgetClassRec xmvIconGadgetClassRec = {
             .visual_change = VisualChange,
             .syn_resources = synthetic_resources,
             .num_syn_resources = XtNumber(synthetic_resources),
-            .cache_part = &icon_cache_part,
+            .cache_part = &IconClassCachePart,
             .extension = &_XmvIconGadClassExtRec,
         },
     .icon_class = {.setOverrideCallback = SetOverrideCallback, .menuProcs = nullptr},
@@ -237,7 +237,7 @@ void InheritProcedures(WidgetClass widget_class) {
     }
     // The toolkit has a name for inheriting this one as well, but leaves it to the class.
     if (record->gadget_class.cache_part == XmInheritCachePart) {
-        record->gadget_class.cache_part = &icon_cache_part;
+        record->gadget_class.cache_part = &IconClassCachePart;
     }
 }
 

@@ -38,7 +38,7 @@ extern XtResource cache_resources[];
 extern const Cardinal num_cache_resources;
 
 // Cache.cpp: the shared part, and how it comes to be the gadget's own for a while.
-extern XmCacheClassPart icon_cache_part;
+extern XmCacheClassPart IconClassCachePart;
 void SecondaryObjectCreate(Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 void InitializePosthook(Widget request, Widget new_w, ArgList args, Cardinal *num_args);
 Boolean SetValuesPrehook(Widget old_w, Widget request, Widget new_w, ArgList args,
