@@ -28,8 +28,9 @@ char *fallback_resources[] = {
 int main(int argc, char **argv) {
     XtSetLanguageProc(nullptr, nullptr, nullptr);
     XtAppContext app = nullptr;
-    Widget shell = XtVaOpenApplication(&app, "IconBoard", nullptr, 0, &argc, argv,
-                                       fallback_resources, applicationShellWidgetClass, nullptr);
+    Widget shell =
+        XtVaOpenApplication(&app, "IconBoard", nullptr, 0, &argc, argv, fallback_resources,
+                            applicationShellWidgetClass, XmNtitle, "looks of icons", nullptr);
     // Texts are UTF-8, also where the environment says nothing of a locale.
     std::setlocale(LC_CTYPE, "C.UTF-8");
     const bool insensitive = argc == 2 && std::string_view(argv[1]) == "-insensitive";
