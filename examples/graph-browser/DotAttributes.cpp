@@ -221,6 +221,7 @@ Node NodeAttributes::Read(Agnode_t *node) const {
     if (read.fill.empty() && HasStyle(styles, "filled"))
         read.fill = "lightgrey";
     read.text_color = XColorName(Value(node, font_color));
+    read.shape = Value(node, shape);
     read.place = ParsePlace(Value(node, place));
     return read;
 }

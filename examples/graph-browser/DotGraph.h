@@ -26,6 +26,7 @@ struct Node {
     std::string label;
     std::string fill;       // a colour as Xlib writes it; empty for the browser's own
     std::string text_color; // likewise
+    std::string shape;      // empty for an ellipse
     std::string cluster;    // label of the innermost cluster around it; empty for none
     bool left_aligned = false;
     bool visible = true;

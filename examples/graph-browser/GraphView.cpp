@@ -7,6 +7,7 @@
 #include <Xm/PushBG.h>
 
 #include <corvidlmw/graph/Arc.h>
+#include <corvidlmw/gadget/IconG.h>
 #include <corvidlmw/graph/Graph.h>
 
 #include "Looks.h"
@@ -44,13 +45,34 @@ Contents Neighbourhood(const Graph &graph, int center) {
     return around;
 }
 
+// Of each node, whether an edge leads from it to one that is not to be seen.
+std::vector<bool> NodesThatHide(const Graph &graph, const std::vector<int> &shown) {
+    std::vector<bool> present(graph.nodes.size());
+    for (const int index : shown)
+        present[static_cast<std::size_t>(index)] = graph.NodeAt(index).visible;
+    std::vector<bool> hiding(graph.nodes.size());
+    for (const int index : EdgesOf(graph)) {
+        const Edge &edge = graph.EdgeAt(index);
+        if (!present[static_cast<std::size_t>(edge.to)])
+            hiding[static_cast<std::size_t>(edge.from)] = true;
+    }
+    return hiding;
+}
+
+// What a user does to a gadget: an icon has no callback for it that anybody calls but us.
+const char *ActivationOf(Widget gadget) {
+    return XmvIsIconGadget(gadget) ? XmNdefaultActionCallback : XmNactivateCallback;
+}
+
 } // namespace
 
 // ---- Life ------------------------------------------------------------------
 
 GraphView::GraphView(Widget parent, std::function<void()> on_change)
     : changed(std::move(on_change)),
-      graph_widget(XmCreateScrolledGraph(parent, Name("graph"), nullptr, 0)), colors(graph_widget) {
+      graph_widget(XmCreateScrolledGraph(parent, Name("graph"), nullptr, 0)), colors(graph_widget),
+      node_icons(graph_widget) {
+    XtAddEventHandler(graph_widget, ButtonPressMask, False, ButtonPressed, this);
     XtAddCallback(graph_widget, XmNgraphTooBigCallback, GraphTooBig, this);
     XtManageChild(graph_widget);
 }
@@ -112,6 +134,7 @@ void GraphView::Clear() {
 
 void GraphView::CreateNodes(const std::vector<int> &nodes) {
     std::vector<Widget> managed;
+    hides_children = NodesThatHide(model, nodes);
     for (const int index : nodes) {
         WidgetOf(index) = CreateNode(index);
         if (model.NodeAt(index).visible)
@@ -125,8 +148,19 @@ Widget GraphView::CreateNode(int index) {
     NodeLook look{colors, model.NodeAt(index)};
     XtCallbackRec activated[] = {{NodeActivated, this}, {nullptr, nullptr}};
     look.Add(XmNuserData, index);
+    if (Icons()) {
+        node_icons.AddTo(look, model.NodeAt(index), HidesChildren(index));
+        look.Add(XmNdefaultActionCallback, activated);
+        return XmvCreateIconGadget(graph_widget, Name("node"), look.Get(), look.Count());
+    }
     look.Add(XmNactivateCallback, activated);
     return XmCreatePushButtonGadget(graph_widget, Name("node"), look.Get(), look.Count());
+}
+
+// One that the user has just made has none.
+bool GraphView::HidesChildren(int index) const {
+    const auto place = static_cast<std::size_t>(index);
+    return place < hides_children.size() && hides_children[place];
 }
 
 // An invisible edge is an unmanaged arc: it counts in the layout and is not drawn.
@@ -160,7 +194,7 @@ void GraphView::AdoptNode(Widget gadget, int index) {
     widgets.resize(model.nodes.size());
     WidgetOf(index) = gadget;
     XtVaSetValues(gadget, XmNuserData, index, nullptr);
-    XtAddCallback(gadget, XmNactivateCallback, NodeActivated, this);
+    XtAddCallback(gadget, ActivationOf(gadget), NodeActivated, this);
     RefreshNode(index);
 }
 
@@ -171,6 +205,8 @@ void GraphView::AdoptArc(Widget arc, int index) {
 
 void GraphView::RefreshNode(int index) {
     NodeLook look{colors, model.NodeAt(index)};
+    if (XmvIsIconGadget(WidgetOf(index)))
+        node_icons.AddTo(look, model.NodeAt(index), HidesChildren(index));
     XtSetValues(WidgetOf(index), look.Get(), look.Count());
 }
 
@@ -272,6 +308,18 @@ void GraphView::UnselectAll() {
     XmGraphUnselectNodes(graph_widget, nodes, count, False);
     const WidgetList arcs = XmGraphGetSelectedArcs(graph_widget, &count);
     XmGraphUnselectArcs(graph_widget, arcs, count, False);
+}
+
+// In edit mode a press is a gesture.
+void GraphView::ButtonPressed(Widget, XtPointer view, XEvent *event, Boolean *) {
+    auto &self = *static_cast<GraphView *>(view);
+    const XButtonEvent &press = event->xbutton;
+    if (self.Editing() || press.button != Button1)
+        return;
+    const Widget object = XmObjectAtPoint(self.graph_widget, static_cast<Position>(press.x),
+                                          static_cast<Position>(press.y));
+    if (object && XmvIsIconGadget(object))
+        XtCallCallbacks(object, XmNdefaultActionCallback, nullptr);
 }
 
 void GraphView::NodeActivated(Widget gadget, XtPointer view, XtPointer) {

@@ -9,6 +9,7 @@
 
 #include "Colors.h"
 #include "DotGraph.h"
+#include "NodeIcons.h"
 
 namespace graph_browser {
 
@@ -18,7 +19,7 @@ struct Spacing {
     bool operator==(const Spacing &) const = default;
 };
 
-// A DOT graph in a scrolled XmGraph: a push button gadget for each node, an arc for each edge. What
+// A DOT graph in a scrolled XmGraph: a push button or icon gadget for each node, an arc for each edge. What
 // can be changed is kept in the widget's resources, and nowhere else.
 //
 // In the butterfly style the widget holds only the selected node and its neighbours: the style
@@ -77,11 +78,14 @@ public:
     void Zoom(float factor); // XmGraphZoom
     bool TwinsVisible() const;
     void SetTwinsVisible(bool visible);
+    bool Icons() const;
+    void SetIcons(bool icons);
     bool ArcLabels() const { return arc_labels; }
     void SetArcLabels(bool labels);
 
 private:
     static void NodeActivated(Widget gadget, XtPointer view, XtPointer);
+    static void ButtonPressed(Widget, XtPointer view, XEvent *event, Boolean *);
     static void GraphTooBig(Widget, XtPointer view, XtPointer);
     static Boolean RebuildLater(XtPointer view);
 
@@ -91,6 +95,7 @@ private:
     void CreateNodes(const std::vector<int> &nodes);
     void CreateArcs(const std::vector<int> &edges);
     Widget CreateNode(int index);
+    bool HidesChildren(int index) const;
     Widget CreateArc(int index);
     void LayOut(unsigned char style);
     void RestorePlaces();
@@ -107,8 +112,10 @@ private:
     std::function<void()> changed;
     Widget graph_widget;
     Colors colors;
+    NodeIcons node_icons;
     Graph model;
-    std::vector<Widget> widgets; // by node; null for one that is not in the widget now
+    std::vector<Widget> widgets;      // by node; null for one that is not in the widget now
+    std::vector<bool> hides_children; // by node
     std::optional<int> selected;
     std::optional<Shades> own_shades; // of the selected node
     bool arc_labels = true;

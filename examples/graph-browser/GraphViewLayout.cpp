@@ -2,8 +2,10 @@
 
 #include "GraphView.h"
 
+#include <Xm/PushBG.h>
 #include <Xm/ScrolledW.h>
 
+#include <corvidlmw/gadget/IconG.h>
 #include <corvidlmw/graph/Arc.h>
 #include <corvidlmw/graph/Graph.h>
 
@@ -155,6 +157,20 @@ bool GraphView::TwinsVisible() const {
 
 void GraphView::SetTwinsVisible(bool visible) {
     XtVaSetValues(graph_widget, XmNtwinsVisible, visible ? True : False, nullptr);
+}
+
+// The class of new nodes says it, those that the user makes by gesture included.
+bool GraphView::Icons() const {
+    return GetResource<WidgetClass>(graph_widget, XmNdefaultNodeClass) == xmvIconGadgetClass;
+}
+
+void GraphView::SetIcons(bool icons) {
+    if (icons == Icons())
+        return;
+    KeepPlaces();
+    XtVaSetValues(graph_widget, XmNdefaultNodeClass,
+                  icons ? xmvIconGadgetClass : xmPushButtonGadgetClass, nullptr);
+    ScheduleRebuild();
 }
 
 void GraphView::SetArcLabels(bool labels) {

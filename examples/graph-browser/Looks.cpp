@@ -51,7 +51,7 @@ Sides SidesFor(Orientation orientation) {
                                                   : Sides{XmARC_BOTTOM, XmARC_TOP};
 }
 
-NodeLook::NodeLook(Colors &colors, const Node &node) : label(node.label) {
+NodeLook::NodeLook(Colors &colors, const Node &node) : label(node.label, text_rendition) {
     Add(XmNlabelString, label.Get());
     if (node.left_aligned)
         Add(XmNalignment, XmALIGNMENT_BEGINNING);

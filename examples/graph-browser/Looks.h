@@ -36,6 +36,9 @@ Value GetResource(Widget widget, const char *name) {
     return value;
 }
 
+// The rendition that the browser's text is in: Application.cpp.
+inline constexpr const char *text_rendition = "text";
+
 Shades ShadesIn(Widget widget);
 void SetShades(Widget widget, const Shades &shades);
 

@@ -13,6 +13,12 @@ public:
         : string(XmStringCreateLtoR(const_cast<char *>(utf8.c_str()),
                                     const_cast<char *>(XmFONTLIST_DEFAULT_TAG))) {}
     ~Text() { XmStringFree(string); }
+    // In the fonts of this rendition.
+    Text(const std::string &utf8, const char *rendition) : Text(utf8) {
+        XmString plain = string;
+        string = XmStringPutRendition(plain, const_cast<char *>(rendition));
+        XmStringFree(plain);
+    }
     Text(const Text &) = delete;
     Text &operator=(const Text &) = delete;
 

@@ -26,6 +26,7 @@ constexpr auto arcs = Choice<&GraphView::SetArcDrawMode, &GraphView::ArcDrawMode
 constexpr auto layout = Choice<&GraphView::SetLayoutStyle, &GraphView::LayoutStyle, unsigned char>;
 constexpr auto spacing = Choice<&GraphView::SetSpacing, &GraphView::GetSpacing, Spacing>;
 constexpr auto twins = Toggle<&GraphView::SetTwinsVisible, &GraphView::TwinsVisible>;
+constexpr auto icons = Toggle<&GraphView::SetIcons, &GraphView::Icons>;
 constexpr auto labels = Toggle<&GraphView::SetArcLabels, &GraphView::ArcLabels>;
 
 } // namespace
@@ -49,6 +50,7 @@ void AddViewMenu(Menus &menus, GraphView &view) {
         spacing(view, wide_spacing, {"Wide", 'W'})});
     menus.AddSeparator();
     menus.AddToggle(twins(view, {"Twins Apart", 'T', "Ctrl<Key>t", "Ctrl+T"}));
+    menus.AddToggle(icons(view, {"Icons", 'I', "Ctrl<Key>i", "Ctrl+I"}));
     menus.AddToggle(labels(view, {"Arc Labels", 'b', "Ctrl<Key>l", "Ctrl+L"}));
     // clang-format on
 }

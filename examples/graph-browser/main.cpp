@@ -24,6 +24,7 @@ struct Options {
     char *find;
     char *print;
     Boolean arc_labels;
+    Boolean icons;
 };
 
 #define OPTION(name, type, size, member, default_type, default_value)                              \
@@ -38,6 +39,7 @@ XtResource option_resources[] = {
     OPTION("find", XmRString, sizeof(char *), find, XmRImmediate, 0),
     OPTION("print", XmRString, sizeof(char *), print, XmRImmediate, 0),
     OPTION("arcLabels", XmRBoolean, sizeof(Boolean), arc_labels, XmRImmediate, True),
+    OPTION("icons", XmRBoolean, sizeof(Boolean), icons, XmRImmediate, False),
 };
 
 XrmOptionDescRec option_table[] = {
@@ -51,6 +53,7 @@ XrmOptionDescRec option_table[] = {
     {const_cast<char *>("-find"), const_cast<char *>(".find"), XrmoptionSepArg, nullptr},
     {const_cast<char *>("-print"), const_cast<char *>(".print"), XrmoptionSepArg, nullptr},
     {const_cast<char *>("-labels"), const_cast<char *>(".arcLabels"), XrmoptionSepArg, nullptr},
+    {const_cast<char *>("-icons"), const_cast<char *>(".icons"), XrmoptionSepArg, nullptr},
 };
 
 constexpr const char *usage =
@@ -62,7 +65,8 @@ constexpr const char *usage =
     "  -select NODE              the node to begin with\n"
     "  -find TEXT                mark the nodes with this text, and go to the first\n"
     "  -print FILE.ps            print the graph to this file instead of showing it\n"
-    "  -labels true|false        labels on arcs\n";
+    "  -labels true|false        labels on arcs\n"
+    "  -icons true|false         nodes with a picture of their shape\n";
 
 // ---- What the user asked for -----------------------------------------------
 
@@ -92,6 +96,7 @@ ExitStatus ShowOrPrint(XtAppContext app, Widget shell, const std::string &file, 
                               nullptr, 0);
     BrowserWindow window{shell, [app] { XtAppSetExitFlag(app); }};
     window.View().SetArcLabels(options.arc_labels != False);
+    window.View().SetIcons(options.icons != False);
     window.Show(file, std::move(graph));
     ExitStatus status = bad_usage;
     if (options.selected && !window.View().SelectByName(options.selected))
