@@ -1,5 +1,5 @@
 /* Where the toolkit takes the gadget for one of its label gadgets: row columns of all types, option
- * menus, cascade buttons, drags. The sanitizers watch its memory. */
+ * menus, cascade buttons. The sanitizers watch its memory. */
 
 #include <tests/gadget/GadgetTest.h>
 
@@ -263,15 +263,6 @@ TEST_F(MenusTest, CascadeButtonsKeepTheirArrows) {
     EXPECT_EQ(Picture::OfPixmap(display, PartOf(another).arrow_pixmap).area().width,
               PartOf(another).arrow_width);
     XtDestroyWidget(menu);
-}
-
-// A drag of something that says nothing of what it exports.
-TEST_F(MenusTest, ADragWithButtonTwoComesToNothing) {
-    Widget icon = Make();
-    Show();
-    Drag(icon, {5, 5}, {200, 200}, Button2);
-    Pump();
-    ExpectWhole(icon, "icon");
 }
 
 TEST_F(MenusTest, HelpClimbsToWhoHasSome) {
