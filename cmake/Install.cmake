@@ -38,7 +38,7 @@ string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
 configure_file(cmake/corvidlmw.pc.in ${PROJECT_BINARY_DIR}/corvidlmw.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/corvidlmw.pc DESTINATION ${pkgconfig_dir})
 
-# Manual pages and the sources of the example programs.
-file(GLOB manual_pages CONFIGURE_DEPENDS docs/man/*.3)
-install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+include(ManualPages)
+
+# The sources of the example programs.
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/corvidlmw OPTIONAL)

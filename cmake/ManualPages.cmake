@@ -1,0 +1,38 @@
+# Manual pages: each page of section 3 is also found under the further names on its NAME line, by a page
+# of one line that sends the reader there.
+
+# Stores the names that stand before the dash in `page`.
+function(corvidlmw_page_names names_variable page)
+    file(STRINGS ${page} lines)
+    set(is_name FALSE)
+    foreach(line IN LISTS lines)
+        if(is_name)
+            string(REGEX REPLACE " \\\\- .*" "" line "${line}")
+            string(REGEX MATCHALL "[A-Za-z0-9_]+" names "${line}")
+            set(${names_variable} ${names} PARENT_SCOPE)
+            return()
+        endif()
+        string(REGEX MATCH "^\\.SH NAME" is_name "${line}")
+    endforeach()
+    message(FATAL_ERROR "${page} has no name")
+endfunction()
+
+function(corvidlmw_install_page page)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${page})
+    get_filename_component(main ${page} NAME_WE)
+    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+    corvidlmw_page_names(names ${page})
+    list(REMOVE_ITEM names ${main})
+    foreach(name IN LISTS names)
+        set(link ${PROJECT_BINARY_DIR}/man/${name}.3)
+        file(CONFIGURE OUTPUT ${link} CONTENT ".so man3/${main}.3\n")
+        install(FILES ${link} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+    endforeach()
+endfunction()
+
+file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/man/*.3)
+foreach(page IN LISTS pages)
+    corvidlmw_install_page(${page})
+endforeach()
+file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/man/*.7)
+install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man7)
