@@ -85,6 +85,10 @@ LmListElement *MakeElement(LmListPart &list, XmString item) {
 }
 
 void FreeElement(Widget w, LmListElement *element) {
+    auto &state = StateOf(w);
+    if (state.armed == element) {
+        state.armed = nullptr;
+    }
     DropLook(w, *element);
     Discount(ListOf(w), *element);
     _XmStringFree(element->name);

@@ -7,6 +7,7 @@
 #include <corvidlmw/scrollbar/SvScrollBar.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace corvidlmw::list {
 
@@ -29,7 +30,7 @@ bool CanScrollLeft(const LmListPart &list) {
 
 bool CanScrollRight(const LmListPart &list) {
     return (list.leave_direction & LEAVE_RIGHT) && list.horizontal_scroll_bar &&
-           list.horizontal_origin < list.horizontal_maximum - list.horizontal_extent;
+           list.horizontal_origin < LastOrigin(list);
 }
 
 bool CanScroll(const LmListPart &list) {
@@ -80,9 +81,8 @@ int ScrollVertically(Widget w) {
 void MoveSideways(Widget w, int step) {
     auto &list = ListOf(w);
     EraseCursor(w);
-    list.horizontal_origin =
-        std::clamp(list.horizontal_origin + step, 0,
-                   std::max(list.horizontal_maximum - list.horizontal_extent, 0));
+    list.horizontal_origin = static_cast<int>(std::clamp<std::int64_t>(
+        std::int64_t{list.horizontal_origin} + step, 0, std::max(LastOrigin(list), 0)));
     list.x_origin = CutToPosition(list.horizontal_origin);
 }
 

@@ -1,5 +1,5 @@
 // Presses in the icon column. They select nothing: the row is armed, and activated if the button is let go
-// of over its icon column again.
+// of over its icon column again. That is the row itself, wherever others that come and go move it to.
 
 #include <corvidlmw/list/LmListI.h>
 #include <corvidlmw/toolkit/LifeWatch.h>
@@ -48,6 +48,7 @@ bool IsInIconColumn(const LmListPart &list, int row, int x) {
 void ArmIcon(Widget w, XEvent *event, int row) {
     auto &list = ListOf(w);
     list.armed_item = row;
+    StateOf(list).armed = &ElementOf(list, row);
     RememberBrowsedRow(list);
     LmListCallbackStruct data = DataOf(list, event, row);
     const bool is_taken = HasListeners(w, XmNarmCallback);
@@ -65,7 +66,7 @@ void DisarmIcon(Widget w, XEvent *event, int row) {
     const XmString item = data.item;
     bool is_alive = true;
     bool is_taken = false;
-    if (row == list.armed_item) {
+    if (StateOf(list).armed == &ElementOf(list, row)) {
         is_taken = HasListeners(w, XmNactivateCallback) && !HasListeners(w, XmNdisarmCallback);
         is_alive =
             Call(w, XmNactivateCallback,

@@ -119,6 +119,8 @@ void RestoreSelection(Widget w) {
     if (list.selection_policy == XmBROWSE_SELECT && selected >= 0) {
         list.last_highlighted = selected;
     }
+    // Rows that came in mid-gesture brought the positions up to what was selected then.
+    UpdateSelectedIndices(list);
     ShowCursor(w);
 }
 
@@ -150,7 +152,7 @@ void KbdShiftSelect(Widget w, XEvent *event, String *, Cardinal *) {
 
 void KbdShiftUnSelect(Widget w, XEvent *event, String *, Cardinal *) {
     auto &list = ListOf(w);
-    if (!IsButtonDown(list) || !IsExtended(list)) {
+    if (!IsButtonDown(list)) {
         return;
     }
     if (list.traversing) {

@@ -300,7 +300,8 @@ void Destroy(Widget w) {
     XmFontListFree(list.font_list);
     for (const char *name :
          {XmNsingleSelectionCallback, XmNmultipleSelectionCallback, XmNextendedSelectionCallback,
-          XmNbrowseSelectionCallback, XmNdefaultActionCallback}) {
+          XmNbrowseSelectionCallback, XmNdefaultActionCallback, XmNarmCallback, XmNdisarmCallback,
+          XmNactivateCallback}) {
         XtRemoveAllCallbacks(w, name);
     }
     delete &StateOf(list);

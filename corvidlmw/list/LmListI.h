@@ -71,6 +71,7 @@ struct ListState {
     bool in_query = false;
     std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
     std::optional<WaitingPress> waiting_press;
+    const LmListElement *armed = nullptr; // the row that armed_item was set for; NULL if that went
 };
 
 inline LmListPart &ListOf(Widget w) {
@@ -341,6 +342,8 @@ void ScrollToTop(Widget w, int row);
 void ScrollToBottom(Widget w, int row);
 // Either of them where the row is out of view; nothing without a bar to scroll by.
 void BringIntoView(Widget w, int row);
+// The furthest that horizontal_origin goes: as far as the bar scrolls, and x_origin takes.
+int LastOrigin(const LmListPart &list);
 
 // ---- Hits and reports (Reports.cpp) -----------------------------------------------------------------------
 

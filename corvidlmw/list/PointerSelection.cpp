@@ -174,6 +174,7 @@ int ReleasedRow(Widget w, int y) {
 
 void EndGesture(LmListPart &list) {
     list.event_flags = 0;
+    list.append_in_progress = False;
     StopScrolling(list);
 }
 
@@ -207,7 +208,6 @@ void FinishSelection(Widget w, XEvent *event, int row) {
         BuildSelectedList(list, true);
     }
     ShowCursor(w);
-    list.append_in_progress = False;
 }
 
 // ---- Modifiers --------------------------------------------------------------------------------------
@@ -225,10 +225,9 @@ void PressWith(Widget w, XEvent *event, int flag) {
     }
 }
 
-void ReleaseExtended(Widget w, XEvent *event, String *params, Cardinal *num_params) {
-    auto &list = ListOf(w);
-    if (IsExtended(list) && HasFlag(list, EVENT_BUTTON_DOWN)) {
-        list.append_in_progress = False;
+// In every policy: a modifier can come after the press, whose gesture would never end.
+void ReleaseWith(Widget w, XEvent *event, String *params, Cardinal *num_params) {
+    if (HasFlag(ListOf(w), EVENT_BUTTON_DOWN)) {
         UnSelectElement(w, event, params, num_params);
     }
 }
@@ -322,7 +321,7 @@ void ExSelect(Widget w, XEvent *event, String *, Cardinal *) {
 }
 
 void ExUnSelect(Widget w, XEvent *event, String *params, Cardinal *num_params) {
-    ReleaseExtended(w, event, params, num_params);
+    ReleaseWith(w, event, params, num_params);
 }
 
 void CtrlSelect(Widget w, XEvent *event, String *, Cardinal *) {
@@ -333,7 +332,7 @@ void CtrlSelect(Widget w, XEvent *event, String *, Cardinal *) {
 }
 
 void CtrlUnSelect(Widget w, XEvent *event, String *params, Cardinal *num_params) {
-    ReleaseExtended(w, event, params, num_params);
+    ReleaseWith(w, event, params, num_params);
 }
 
 } // namespace corvidlmw::list

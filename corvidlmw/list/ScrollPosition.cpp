@@ -16,11 +16,8 @@ void SetTop(Widget w, int top) {
     SetVerticalScrollbar(w);
 }
 
-// As far as the bar scrolls, and x_origin takes.
 int OriginInRange(const LmListPart &list, int position) {
-    const int highest = list.horizontal_maximum - list.horizontal_extent;
-    return std::min({std::max(position, list.horizontal_minimum), highest,
-                     int{std::numeric_limits<Position>::max()}});
+    return std::min(std::max(position, list.horizontal_minimum), LastOrigin(list));
 }
 
 void SetOrigin(Widget w, int origin) {
@@ -36,6 +33,11 @@ void SetOrigin(Widget w, int origin) {
 }
 
 } // namespace
+
+int LastOrigin(const LmListPart &list) {
+    return std::min<int>(list.horizontal_maximum - list.horizontal_extent,
+                         std::numeric_limits<Position>::max());
+}
 
 void ScrollToTop(Widget w, int row) {
     const auto &list = ListOf(w);
