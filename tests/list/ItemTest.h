@@ -23,15 +23,6 @@ inline std::vector<int> PositionsFrom(Boolean found, int *positions, int count) 
     return all;
 }
 
-class ItemTest : public ListTest {
-protected:
-    // How many there were since the last call.
-    int TakeWarnings() {
-        int count = 0;
-        for (; !warnings().empty(); count++)
-            ExpectWarning(warnings().front());
-        return count;
-    }
-};
+class ItemTest : public ListTest {};
 
 } // namespace corvidlmw::test

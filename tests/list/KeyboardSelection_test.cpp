@@ -34,44 +34,6 @@ protected:
 
 // ---- Policies ---------------------------------------------------------------------------------------
 
-TEST_F(KeyboardSelectionTest, BrowsingFollowsTheArrowsWithinTheList) {
-    Start(XmBROWSE_SELECT, false, 3);
-    Keys({XK_Down, XK_Down, XK_Down, XK_Up});
-    EXPECT_EQ(TakeTold(), (Texts{"browse 2", "browse 3", "browse 2"}));
-    EXPECT_EQ(Selected(), Rows{1});
-    Keys({XK_Up, XK_Up});
-    EXPECT_EQ(Cursor(), 0);
-    TakeTold();
-    Set(list, {{XmNautomaticSelection, True}});
-    PartOf(list).did_selection = False;
-    Keys({XK_Down, XK_Down});
-    EXPECT_EQ(TakeTold(), (Texts{"browse 1", "browse 2", "browse 3"})) << "told once before it all";
-    EXPECT_EQ(Selected(), Rows{2});
-    ExpectDrawn();
-}
-
-TEST_F(KeyboardSelectionTest, SingleAndMultipleSelectionMoveTheCursorAlone) {
-    for (const int policy : {XmSINGLE_SELECT, XmMULTIPLE_SELECT}) {
-        Start(policy);
-        Keys({XK_Down, XK_space, XK_Down, XK_Down, XK_space});
-        const bool single = policy == XmSINGLE_SELECT;
-        EXPECT_EQ(Selected(), single ? Rows{3} : (Rows{1, 3}));
-        Keys({XK_space});
-        EXPECT_EQ(Selected(), single ? Rows{} : Rows{1});
-        EXPECT_EQ(TakeTold(),
-                  single ? (Texts{"single 2", "single 4", "single 4"})
-                         : (Texts{"multiple 2 (2)", "multiple 4 (2 4)", "multiple 4 (2)"}));
-        Key(XK_slash, ControlMask);
-        EXPECT_EQ(Selected(), single ? Rows{3} : (Rows{0, 1, 2, 3, 4, 5, 6, 7}));
-        Key(XK_backslash, ControlMask);
-        EXPECT_EQ(Selected(), Rows{});
-        EXPECT_EQ(log.size(), 2u);
-        ExpectDrawn();
-        XtDestroyWidget(list);
-        TakeTold();
-    }
-}
-
 TEST_F(KeyboardSelectionTest, ExtendedSelectionFollowsTheCursor) {
     Start(XmEXTENDED_SELECT);
     Keys({XK_Down, XK_Down});
@@ -141,29 +103,6 @@ TEST_F(KeyboardSelectionTest, ReturnIsTheDefaultActionAndGoesOnToTheDialog) {
     Key(XK_slash, ControlMask);
     EXPECT_EQ(buttons.size(), 2u) << "an empty list has no default action";
     EXPECT_EQ(log.size(), 0u);
-}
-
-TEST_F(KeyboardSelectionTest, EscapeTakesAGestureBack) {
-    for (const bool automatic : {false, true})
-        for (const int policy : {XmBROWSE_SELECT, XmEXTENDED_SELECT}) {
-            Start(policy, automatic);
-            ClickRow(2);
-            PressRow(5);
-            MoveToRow(4);
-            TakeTold();
-            Key(XK_Escape);
-            EXPECT_EQ(Selected(), Rows{2}) << policy << automatic;
-            EXPECT_EQ(log.size(), automatic ? 1u : 0u);
-            MoveToRow(6);
-            Release();
-            EXPECT_EQ(Selected(), Rows{2});
-            PressRow(3, 40);
-            Release();
-            EXPECT_EQ(Selected(), Rows{3});
-            ExpectDrawn();
-            XtDestroyWidget(list);
-            TakeTold();
-        }
 }
 
 // ---- Scrolling --------------------------------------------------------------------------------------

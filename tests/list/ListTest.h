@@ -145,6 +145,14 @@ protected:
         return Create(LmCreateScrolledList, rows, std::move(settings));
     }
 
+    // How many there were since the last call.
+    int TakeWarnings() {
+        int count = 0;
+        for (; !warnings().empty(); count++)
+            ExpectWarning(warnings().front());
+        return count;
+    }
+
     Pixel Colour(const char *name) {
         XColor screen, exact;
         XAllocNamedColor(display, DefaultColormapOfScreen(XtScreen(shell)), name, &screen, &exact);

@@ -1,7 +1,8 @@
-// Long random sequences of gestures, keys and calls, also from within callbacks, and what must hold
-// whenever the user's hands are off; and clients that turn the list upside down in each callback.
+// Long random sequences of gestures, keys and calls, held against a model; and clients that turn the list
+// upside down in each callback.
+#include <tests/list/GestureModel.h>
+#include <tests/list/ItemWalk.h>
 #include <tests/list/SelectionTest.h>
-#include <tests/support/Random.h>
 
 #include <X11/keysym.h>
 
@@ -16,101 +17,136 @@ using namespace corvidlmw::test;
 class RandomSelectionTest : public SelectionTest {
 protected:
     RandomSelectionTest()
-        : SelectionTest([](XtPointer data) {
-              FreeIfMine(*static_cast<LmListCallbackStruct *>(data));
-              return std::string();
+        : SelectionTest([](XtPointer call_data) {
+              const auto &data = *static_cast<LmListCallbackStruct *>(call_data);
+              FreeIfMine(data);
+              std::string told = data.reason == XmCR_DEFAULT_ACTION ? "default " : "selection ";
+              told += std::to_string(data.item_position);
+              for (int i = 0; i < data.selected_item_count; i++)
+                  told += ' ' + std::to_string(data.selected_item_positions[i]);
+              return told;
           }) {}
 
-    // Strings differ, so that none is selected for its likeness to another.
-    void ChangeRows() {
-        const int count = Get(list, XmNitemCount);
-        const int position = random.Between(1, count + 1);
-        Strings fresh({"row " + std::to_string(serial++), "row " + std::to_string(serial++)});
-        XmString strings[] = {fresh[0], fresh[1]};
-        switch (random.Between(0, count > 40 ? 8 : 6)) {
-        case 0: return LmListReplaceItemsPos(list, strings, 1, std::min(position, count));
-        case 1: return LmListSelectPos(list, std::min(position, count), random.Chance(0.2));
-        case 2: return LmListDeselectAllItems(list);
-        case 3: return random.Chance(0.1) ? LmListDeleteAllItems(list) : (void)0;
-        case 4:
-        case 5: return LmListAddItems(list, strings, 2, position);
-        case 6: return LmListSetPos(list, std::min(position, count));
-        default: return LmListDeletePos(list, count ? std::min(position, count) : 0);
-        }
-    }
-
-    void Gesture() {
-        constexpr unsigned int modifiers[] = {0, 0, ShiftMask, ControlMask};
-        const unsigned int held = modifiers[random.Between(0, 3)];
-        PressModifiers(held);
-        PressRow(random.Between(0, 8), random.Between(3, 160));
-        for (int i = random.Between(0, 4); i > 0; i--) {
-            MoveToRow(random.Between(-3, 12), random.Between(3, 190));
-            if (random.Chance(0.1))
-                RunWorkProcs();
-            if (random.Chance(0.1))
-                Key(XK_Escape);
-            if (random.Chance(0.1))
-                ChangeRows();
-        }
-        Release();
-        ReleaseModifiers(held);
-    }
-
-    void Press1Key() {
-        constexpr KeySym keys[] = {XK_Up,  XK_Down,  XK_Down, XK_Next,  XK_Prior,     XK_Home,
-                                   XK_End, XK_space, XK_F8,   XK_slash, XK_backslash, XK_Return};
-        constexpr unsigned int modifiers[] = {0, 0, ShiftMask, ControlMask,
-                                              ShiftMask | ControlMask};
-        Key(keys[random.Between(0, XtNumber(keys) - 1)], modifiers[random.Between(0, 4)]);
-    }
-
-    void ExpectAtRest() {
-        const auto &part = PartOf(list);
-        ASSERT_NO_FATAL_FAILURE(ExpectInOrder(list));
-        ASSERT_EQ(part.event_flags, 0);
-        ASSERT_EQ(part.drag_timer, 0u);
-        ASSERT_EQ(part.append_in_progress, False);
-        const Rows selected = Selected();
-        if (part.selection_policy == XmSINGLE_SELECT || part.selection_policy == XmBROWSE_SELECT) {
-            ASSERT_LE(selected.size(), 1u);
-        }
-        Rows answered;
-        int *positions = nullptr;
-        int count = 0;
-        LmListUpdateSelectedList(list);
-        if (LmListGetSelectedPos(list, &positions, &count))
-            for (int i = 0; i < count; i++)
-                answered.push_back(positions[i] - 1);
-        XtFree(reinterpret_cast<char *>(positions));
-        ASSERT_EQ(answered, selected);
-    }
-
     Random random{2};
-    int serial = 1000;
 };
 
-TEST_F(RandomSelectionTest, HoldsItsPromises) {
-    log.OnEach([this](const auto &) {
-        if (random.Chance(0.15))
-            ChangeRows();
-    });
+// ---- Against the model --------------------------------------------------------------------------------
+
+class Hands : public RandomSelectionTest {
+protected:
+    void Begin(int policy, bool automatic) {
+        Start(policy, automatic, 20, {{XmNscrollBarDisplayPolicy, XmSTATIC}});
+        // Room for the pointer above it.
+        Set(XtParent(list), {{XmNy, 100}});
+        // The pointer held outside scrolls in good time, not here.
+        Set(PartOf(list).vertical_scroll_bar,
+            {{XmNinitialDelay, 1000000}, {XmNrepeatDelay, 1000000}});
+        XmProcessTraversal(list, XmTRAVERSE_CURRENT);
+        Pump();
+        model.emplace(Model{.items = Numbered(20),
+                            .visible = PartOf(list).visible_item_count,
+                            .policy = policy,
+                            .automatic = automatic,
+                            .has_keyboard = true});
+    }
+    // Each time at another place, so that the server tells of it.
+    void PointAt(int line) { MoveToRow(line, x ^= 1); }
+
+    void Gesture(Walk &walk) {
+        constexpr std::pair<GestureModel::Modifier, unsigned int> modifiers[] = {
+            {GestureModel::plain, 0},
+            {GestureModel::shift, ShiftMask},
+            {GestureModel::control, ControlMask}};
+        const int visible = model->visible;
+        const auto [with, mask] = modifiers[random.Between(0, 2)];
+        int line = random.Between(0, visible - 1);
+        PressModifiers(mask);
+        PointAt(line);
+        Press();
+        model->Press(line, with);
+        ASSERT_EQ(TakeTold(), std::exchange(model->told, {}));
+        for (int i = random.Between(0, 4); i > 0; i--) {
+            if (random.Chance(0.15)) {
+                walk.StepOfRows();
+            } else if (with == GestureModel::plain && random.Chance(0.1)) {
+                Key(XK_Escape);
+                model->Cancel();
+            }
+            line = random.Between(-1, visible);
+            PointAt(line == visible ? visible + 4 : line < 0 ? -4 : line);
+            model->Move(line);
+            ASSERT_EQ(Selected(), model->SelectedRows());
+            ASSERT_EQ(TakeTold(), std::exchange(model->told, {}));
+        }
+        // In every policy a gesture ends, whatever key is down by then.
+        if (random.Chance(0.2))
+            PressModifiers(ShiftMask);
+        Release();
+        model->Release(line);
+        ReleaseModifiers(mask | ShiftMask);
+    }
+
+    void UseKey() {
+        using M = GestureModel;
+        switch (random.Between(0, 15)) {
+        case 0:
+        case 1: return Key(XK_Up), model->Step(-1, M::plain);
+        case 2:
+        case 3: return Key(XK_Down), model->Step(1, M::plain);
+        case 4: return Key(XK_Up, ShiftMask), model->Step(-1, M::shift);
+        case 5: return Key(XK_Down, ShiftMask), model->Step(1, M::shift);
+        case 6: return Key(XK_Prior), model->TurnPage(false);
+        case 7: return Key(XK_Next), model->TurnPage(true);
+        case 8: return Key(XK_Home, ControlMask), model->GoToEnd(false, M::plain);
+        case 9: return Key(XK_End, ControlMask), model->GoToEnd(true, M::plain);
+        case 10: {
+            const bool last = random.Chance(0.5);
+            Key(last ? XK_End : XK_Home, ControlMask | ShiftMask);
+            return model->GoToEnd(last, M::shift);
+        }
+        case 11: return Key(XK_space), model->Space(M::plain);
+        case 12: return Key(XK_space, ShiftMask), model->Space(M::shift);
+        case 13: return Key(XK_F8, ShiftMask), model->ToggleAddMode();
+        case 14: return Key(XK_Return), model->Activate();
+        default:
+            if (random.Chance(0.5))
+                return Key(XK_slash, ControlMask), model->SelectAll();
+            return Key(XK_backslash, ControlMask), model->DeselectAllByKey();
+        }
+    }
+
+    int x = 40;
+    std::optional<GestureModel> model;
+};
+
+TEST_F(Hands, DoToAListWhatTheyDoToItsModel) {
     for (const int policy :
          {XmSINGLE_SELECT, XmMULTIPLE_SELECT, XmEXTENDED_SELECT, XmBROWSE_SELECT})
         for (const bool automatic : {false, true}) {
             SCOPED_TRACE(::testing::Message()
                          << "policy " << policy << ", automatic " << automatic);
-            Start(policy, automatic, 20, {{XmNshowIcons, automatic}, {XmNdoubleClickInterval, 30}});
-            XmProcessTraversal(list, XmTRAVERSE_CURRENT);
-            for (int i = 0; i < 60; i++) {
-                random.Chance(0.5) ? Gesture() : random.Chance(0.6) ? Press1Key() : ChangeRows();
-                ASSERT_NO_FATAL_FAILURE(ExpectAtRest()) << "step " << i;
-                if (i % 10 == 9)
+            Begin(policy, automatic);
+            Walk walk(list, *model);
+            for (int step = 0; step < 400; step++) {
+                const int kind = random.Between(0, 9);
+                ASSERT_NO_FATAL_FAILURE(kind < 6   ? walk.Step()
+                                        : kind < 8 ? UseKey()
+                                                   : Gesture(walk))
+                    << step;
+                Pump();
+                ASSERT_EQ(TakeWarnings(), std::exchange(model->warned, 0)) << step;
+                ASSERT_NO_FATAL_FAILURE(ExpectAsModel(list, *model)) << step;
+                ASSERT_EQ(TakeTold(), std::exchange(model->told, {})) << step;
+                ASSERT_EQ(PartOf(list).event_flags, 0) << step;
+                ASSERT_EQ(PartOf(list).drag_timer, 0u) << step;
+                if (step % 40 == 0)
                     ExpectDrawn();
             }
             XtDestroyWidget(list);
         }
 }
+
+// ---- With clients that interfere ------------------------------------------------------------------------
 
 // What is done to the list in mid-gesture, and what the user does.
 TEST_F(RandomSelectionTest, SurvivesItsClients) {
@@ -168,6 +204,8 @@ TEST_F(RandomSelectionTest, SurvivesItsClients) {
                     Set(list, many.Items());
                 }
                 gesture();
+                if (!life->Ended())
+                    ExpectInOrder(list);
             }
             if (!life->Ended())
                 XtDestroyWidget(list);
