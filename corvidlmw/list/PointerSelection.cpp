@@ -46,6 +46,15 @@ void AddFlag(LmListPart &list, int flag) {
 
 // ---- The press --------------------------------------------------------------------------------------
 
+// A list that is insensitive or behind a modal dialog never hears of the release: the modifiers of that
+// gesture are none of the next one's.
+void ForgetLostGesture(LmListPart &list) {
+    if (HasFlag(list, EVENT_BUTTON_DOWN) && !list.keyboard_selection) {
+        list.event_flags = 0;
+        list.append_in_progress = False;
+    }
+}
+
 unsigned char TypeOfSelection(const LmListPart &list) {
     if (HasFlag(list, EVENT_SHIFT)) {
         return XmMODIFICATION;
@@ -216,6 +225,7 @@ void FinishSelection(Widget w, XEvent *event, int row) {
 void PressWith(Widget w, XEvent *event, int flag) {
     auto &list = ListOf(w);
     const LifeWatch life(w);
+    ForgetLostGesture(list);
     list.append_in_progress = True;
     AddFlag(list, flag);
     SelectElement(w, event, nullptr, nullptr);
@@ -256,6 +266,7 @@ void SelectElement(Widget w, XEvent *event, String *, Cardinal *) {
     if (!RowsInView(list).Contains(row)) {
         return;
     }
+    ForgetLostGesture(list);
     AddFlag(list, EVENT_BUTTON_DOWN);
     list.leave_direction = 0;
     if (IsInIconColumn(list, row, at->x)) {

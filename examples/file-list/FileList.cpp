@@ -5,6 +5,7 @@
 #include <corvidlmw/list/LmList.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace file_list {
 
@@ -218,6 +219,7 @@ void FileList::RowsSelected(Widget, XtPointer closure, XtPointer call_data) {
     if (field >= 0) {
         files->column_ = static_cast<Column>(field);
     }
+    files->ReleaseIcon();
     files->changed_();
 }
 
@@ -234,6 +236,11 @@ void FileList::ShowIcon(int position, bool pressed) {
         LmListSetPositionIcon(list_, position,
                               icons_.Of(entry->kind, pressed ? Look::Pressed : LookOf(*entry)));
     }
+}
+
+// A button pressed on an icon can be let go of over the text, which selects and tells of no end.
+void FileList::ReleaseIcon() {
+    ShowIcon(std::exchange(armed_, 0), false);
 }
 
 // A press and a release on the same icon check the row, or take the mark away. The item is ours: that of a
@@ -253,7 +260,7 @@ void FileList::IconPressed(Widget, XtPointer closure, XtPointer call_data) {
         }
         return;
     case LmCR_ITEM_DISARM:
-        files->ShowIcon(files->armed_, false);
+        files->ReleaseIcon();
         files->changed_();
         break;
     default: break;

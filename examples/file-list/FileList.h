@@ -46,6 +46,7 @@ private:
     void DressRows();
     void Select(const std::set<std::filesystem::path> &paths);
     void ShowIcon(int position, bool pressed);
+    void ReleaseIcon();
     Look LookOf(const Entry &entry) const;
     const Entry *At(int position) const;
 

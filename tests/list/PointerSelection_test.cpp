@@ -78,6 +78,18 @@ TEST_F(PointerSelectionTest, IgnoresWhereNoRowIs) {
     EXPECT_EQ(TakeTold(), Texts{"extended 9 (9)"});
 }
 
+TEST_F(PointerSelectionTest, AModifierWhoseReleaseIsLostIsForgotten) {
+    Start(XmEXTENDED_SELECT, true);
+    ClickRow(1);
+    log.OnEach([this](const auto &) { XtSetSensitive(list, False); });
+    ClickRowWith(ControlMask, 3);
+    log.OnEach(nullptr);
+    XtSetSensitive(list, True);
+    EXPECT_EQ(Selected(), (Rows{1, 3}));
+    ClickRow(5);
+    EXPECT_EQ(Selected(), Rows{5});
+}
+
 // ---- Clicks -----------------------------------------------------------------------------------------
 
 TEST_F(PointerSelectionTest, ADoubleClickIsTheDefaultAction) {
