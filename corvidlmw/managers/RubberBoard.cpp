@@ -35,7 +35,7 @@ Boolean ConstraintSetValues(Widget current, Widget request, Widget new_w, ArgLis
 #define IMMEDIATE(value) Name(XmRImmediate), reinterpret_cast<XtPointer>(static_cast<XtArgVal>(value))
 
 XtResource resources[] = {
-    // XmBulletinBoard finds margins for those left at this value.
+    // Unset: an XmBulletinBoard's own default is taken.
     {Name(XmNmarginWidth), Name(XmCMarginWidth), Name(XmRHorizontalDimension), sizeof(Dimension), BOARD(bulletin_board.margin_width), IMMEDIATE(XmINVALID_DIMENSION)},
     {Name(XmNmarginHeight), Name(XmCMarginHeight), Name(XmRVerticalDimension), sizeof(Dimension), BOARD(bulletin_board.margin_height), IMMEDIATE(XmINVALID_DIMENSION)},
     {Name(XmNinitialParentHeight), Name(XmCInitialHeight), Name(XmRVerticalDimension), sizeof(Dimension), BOARD(rubber_board.initial_parent_height), IMMEDIATE(0)},
@@ -138,7 +138,19 @@ void ClassPartInitialize(WidgetClass widget_class) {
     SetFastSubclass(widget_class, XmMANAGER_BIT);
 }
 
+// The toolkit's bulletin board does not do it in this release.
+void FindMargins(Widget w) {
+    constexpr Dimension usual_margin = 10;
+    auto &board = reinterpret_cast<XmRubberBoardWidget>(w)->bulletin_board;
+    for (Dimension *margin : {&board.margin_width, &board.margin_height}) {
+        if (*margin == XmINVALID_DIMENSION) {
+            *margin = usual_margin;
+        }
+    }
+}
+
 void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
+    FindMargins(new_w);
     ReplaceEmptySize(new_w);
     NoteShadow(new_w);
 }

@@ -105,6 +105,12 @@ TEST_F(RubberBoardTest, AnswersQueriesWithTheInitialSizeAndItsMargins) {
     XtVaSetValues(manager, XmNinitialParentWidth, 65535, nullptr);
     EXPECT_EQ(Query(CWHeight, 0, 0, preferred), XtGeometryAlmost);
     EXPECT_EQ(preferred.width, 13) << "modulo 65536";
+
+    Widget usual = XmCreateRubberBoard(manager, Name("usual"), nullptr, 0);
+    Dimension margins[2] = {};
+    XtVaGetValues(usual, XmNmarginWidth, &margins[0], XmNmarginHeight, &margins[1], nullptr);
+    EXPECT_EQ(margins[0], 10);
+    EXPECT_EQ(margins[1], 10);
 }
 
 // A board that shrinks gets no exposure, so it draws its shadow itself.
