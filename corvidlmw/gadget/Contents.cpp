@@ -2,6 +2,8 @@
 
 #include <corvidlmw/gadget/IconGI.h>
 
+#include <corvidlmw/toolkit/Lasting.h>
+
 #include <algorithm>
 #include <optional>
 #include <unordered_map>
@@ -57,7 +59,10 @@ struct Depths {
     std::optional<int> picture;
     std::optional<int> insensitive;
 };
-std::unordered_map<Widget, Depths> odd_depths;
+std::unordered_map<Widget, Depths> &OddDepths() {
+    static const Lasting<std::unordered_map<Widget, Depths>> depths;
+    return *depths;
+}
 
 struct PixmapGeometry {
     unsigned width = 0;
@@ -84,8 +89,8 @@ int WindowDepth(Widget w) {
 
 void NoteDepth(Widget w, int depth) {
     if (depth != WindowDepth(w)) {
-        odd_depths[w].picture = depth;
-    } else if (const auto found = odd_depths.find(w); found != odd_depths.end()) {
+        OddDepths()[w].picture = depth;
+    } else if (const auto found = OddDepths().find(w); found != OddDepths().end()) {
         found->second.picture.reset();
     }
 }
@@ -117,26 +122,26 @@ void MeasureContents(Widget w) {
 // That of an insensitive picture is asked for once it is shown.
 int DepthOfPicture(Widget w, bool insensitive) {
     if (insensitive) {
-        auto &depth = odd_depths[w].insensitive;
+        auto &depth = OddDepths()[w].insensitive;
         if (!depth) {
             const Pixmap pixmap = IconOf(w).label_insensitive_pixmap;
             depth = static_cast<int>(GeometryOf(XtDisplay(XtParent(w)), pixmap).depth);
         }
         return *depth;
     }
-    const auto found = odd_depths.find(w);
-    return found == odd_depths.end() ? WindowDepth(w)
-                                     : found->second.picture.value_or(WindowDepth(w));
+    const auto found = OddDepths().find(w);
+    return found == OddDepths().end() ? WindowDepth(w)
+                                      : found->second.picture.value_or(WindowDepth(w));
 }
 
 void ForgetInsensitivePicture(Widget w) {
-    if (const auto found = odd_depths.find(w); found != odd_depths.end()) {
+    if (const auto found = OddDepths().find(w); found != OddDepths().end()) {
         found->second.insensitive.reset();
     }
 }
 
 void ForgetPictures(Widget w) {
-    odd_depths.erase(w);
+    OddDepths().erase(w);
 }
 
 void SetSize(Widget w) {

@@ -1,5 +1,7 @@
 #include <corvidlmw/gadget/SharedFonts.h>
 
+#include <corvidlmw/toolkit/Lasting.h>
+
 #include <unordered_map>
 
 namespace corvidlmw::icon_gadget {
@@ -20,8 +22,8 @@ auto BodyOf(XmFontList fonts) {
 using Entries = std::unordered_map<decltype(BodyOf(nullptr)), Entry>;
 
 Entries &AllFonts() {
-    static Entries entries;
-    return entries;
+    static const Lasting<Entries> entries;
+    return *entries;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include <corvidlmw/gadget/SharedGCs.h>
 
 #include <corvidlmw/gadget/SharedParts.h>
+#include <corvidlmw/toolkit/Lasting.h>
 #include <corvidlmw/toolkit/Toolkit.h>
 
 #include <X11/Xresource.h>
@@ -43,10 +44,10 @@ struct Store {
 // may come to lie at the same address.
 Store &StoreOf(Display *display) {
     static const XContext context = XUniqueContext();
-    static std::unordered_map<Display *, Store> stores;
+    static const Lasting<std::unordered_map<Display *, Store>> stores;
     XPointer found = nullptr;
     if (XFindContext(display, None, context, &found) != 0) {
-        Store &fresh = stores[display] = Store();
+        Store &fresh = (*stores)[display] = Store();
         found = reinterpret_cast<XPointer>(&fresh);
         XSaveContext(display, None, context, found);
     }

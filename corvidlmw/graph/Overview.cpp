@@ -6,6 +6,8 @@
 
 #include <corvidlmw/graph/OverviewI.h>
 
+#include <corvidlmw/toolkit/Lasting.h>
+
 #include <Xm/DrawingA.h>
 
 #include <algorithm>
@@ -214,11 +216,14 @@ void ClearOverview(Widget w) {
 
 // A callback that destroys the graph outside of a dispatch destroys it at once, and the toolkit still
 // calls the rest of the list for it: those that live and have an overview stand here.
-std::vector<Widget> graphs_with_overview;
+std::vector<Widget> &GraphsWithOverview() {
+    static const Lasting<std::vector<Widget>> graphs;
+    return *graphs;
+}
 
 bool IsFollowed(Widget w) {
-    return std::find(graphs_with_overview.begin(), graphs_with_overview.end(), w) !=
-           graphs_with_overview.end();
+    const auto &graphs = GraphsWithOverview();
+    return std::find(graphs.begin(), graphs.end(), w) != graphs.end();
 }
 
 // The frame is not drawn anew over the mark.
@@ -251,7 +256,7 @@ void overviewDestroyed(Widget, XtPointer graph, XtPointer) {
 
 void AttachOverview(Widget w, Widget overview) {
     GraphOf(w).overview = overview;
-    graphs_with_overview.push_back(w);
+    GraphsWithOverview().push_back(w);
     StateOf(w).overview = {};
     XtAddCallback(overview, XmNdestroyCallback, overviewDestroyed, w);
     XtAddCallback(overview, XmNexposeCallback, show_overview, w);
@@ -297,7 +302,7 @@ void DetachOverview(Widget w) {
     if (HasWindow(overview) && !IsBeingDestroyed(overview)) {
         XClearWindow(XtDisplay(overview), XtWindow(overview));
     }
-    std::erase(graphs_with_overview, w);
+    std::erase(GraphsWithOverview(), w);
     graph.overview = nullptr;
     graph.overview_dragging = 0;
     graph.overview_x_scale = graph.overview_y_scale = 0;

@@ -4,10 +4,24 @@
 
 #include <Xm/RowColumn.h>
 
+#include <cstdlib>
+#include <unistd.h>
 #include <utility>
 
 namespace corvidlmw::test {
 namespace {
+
+// Made before main, and so destroyed after all that is made later.
+struct LateShell {
+    Widget shell = nullptr;
+    ~LateShell() {
+        if (shell) {
+            XtDestroyWidget(shell);
+            _exit(EXIT_SUCCESS);
+        }
+    }
+};
+LateShell late_shell;
 
 class LifeTest : public GadgetTest {
 protected:
@@ -114,6 +128,20 @@ TEST_F(LifeTest, AChangeWithinAChangeKeepsBoth) {
     EXPECT_EQ(Get<Dimension>(gadget, XmNmarginLeft), 6);
     EXPECT_EQ(Get<Dimension>(gadget, XmNmarginRight), 8);
     EXPECT_EQ(MirrorOf(gadget).margin_right, 8);
+}
+
+TEST_F(LifeTest, MayEndAfterTheStaticsOfTheLibrary) {
+    const auto exit_with_gadgets = [] {
+        XServer::Instance().ReopenRobot();
+        const Client client;
+        late_shell.shell = MakeShell(client.display, "late", 100, 100);
+        XtVaCreateWidget(
+            "icon", xmvIconGadgetClass,
+            XtVaCreateWidget("board", xmBulletinBoardWidgetClass, late_shell.shell, nullptr),
+            XmNshowArrow, True, nullptr);
+        std::exit(EXIT_FAILURE);
+    };
+    EXPECT_EXIT(exit_with_gadgets(), ::testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
 TEST_F(LifeTest, AWarningOfAChangeMayMakeAnother) {
