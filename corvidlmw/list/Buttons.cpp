@@ -25,14 +25,6 @@ void Call(Widget w, const std::string &action, XEvent *event) {
 
 // ---- A press that waits -------------------------------------------------------------------------------
 
-bool IsButton1Down(Widget w) {
-    Window root, child;
-    int root_x, root_y, x, y;
-    unsigned modifiers = 0;
-    XQueryPointer(XtDisplay(w), XtWindow(w), &root, &child, &root_x, &root_y, &x, &y, &modifiers);
-    return (modifiers & Button1Mask) != 0;
-}
-
 void DragWaiting(Widget w) {
     XEvent press = StateOf(w).waiting_press->event;
     StateOf(w).waiting_press.reset();
@@ -43,7 +35,7 @@ void DragWaiting(Widget w) {
 void DragAfterWait(XtPointer closure, XtIntervalId *) {
     const auto w = static_cast<Widget>(closure);
     StateOf(w).waiting_press->timer = 0;
-    if (HasWindow(w) && IsButton1Down(w)) {
+    if (HasWindow(w) && (HeldButtons(w) & Button1Mask)) {
         DragWaiting(w);
     } else {
         StateOf(w).waiting_press.reset();
@@ -106,6 +98,15 @@ void Button1Released(Widget w, XEvent *event, const std::string &action) {
 }
 
 } // namespace
+
+unsigned HeldButtons(Widget w) {
+    Window root, child;
+    int root_x, root_y, x, y;
+    unsigned modifiers = 0;
+    XQueryPointer(XtDisplay(w), RootWindowOfScreen(XtScreen(w)), &root, &child, &root_x, &root_y,
+                  &x, &y, &modifiers);
+    return modifiers & (Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask);
+}
 
 void ListProcessBtn1(Widget w, XEvent *event, String *params, Cardinal *num_params) {
     if (!params || !num_params || *num_params != 1 || !event) {

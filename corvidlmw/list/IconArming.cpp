@@ -2,7 +2,6 @@
 // of over its icon column again. That is the row itself, wherever others that come and go move it to.
 
 #include <corvidlmw/list/LmListI.h>
-#include <corvidlmw/toolkit/LifeWatch.h>
 
 namespace corvidlmw::list {
 
@@ -23,10 +22,8 @@ LmListCallbackStruct DataOf(const LmListPart &list, XEvent *event, int row) {
 }
 
 bool Call(Widget w, const char *callbacks, int reason, LmListCallbackStruct &data) {
-    const LifeWatch life(w);
     data.reason = reason;
-    XtCallCallbacks(w, callbacks, &data);
-    return !life.Ended();
+    return CallClient(w, [&] { XtCallCallbacks(w, callbacks, &data); });
 }
 
 // Motion compares with the row that is selected, which is not the one that was armed.

@@ -14,6 +14,7 @@
 #include <corvidlmw/list/TextWidths.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -355,6 +356,10 @@ int RowFromY(Widget w, int y);
 int FieldFromX(Widget w, int x, int indent);
 
 void StopScrolling(LmListPart &list);
+// The release, or what stands for it.
+void EndGesture(LmListPart &list);
+// Calls client code. False if the list died of it.
+bool CallClient(Widget w, const std::function<void()> &call);
 
 // Rebuild the snapshots and run the selection callbacks of the policy, or those of the default action,
 // for the row at last_highlighted. `event` can be NULL. Both are false if the list died of it; else rows
@@ -449,6 +454,11 @@ bool IsOppositeOf(unsigned char direction, unsigned char other);
 void KeepScrolling(Widget w, unsigned char direction);
 // The same when the pointer leaves. False if it did not go outside.
 bool LeaveHolding(Widget w, const XEvent *event);
+
+// ---- Buttons (Buttons.cpp) ----------------------------------------------------------------------------------
+
+// Which are down, as the server says.
+unsigned HeldButtons(Widget w);
 
 // ---- Actions (ListActions.cpp and where they are written) ---------------------------------------------------
 

@@ -181,12 +181,6 @@ int ReleasedRow(Widget w, int y) {
     return std::min(row, list.element_count - 1);
 }
 
-void EndGesture(LmListPart &list) {
-    list.event_flags = 0;
-    list.append_in_progress = False;
-    StopScrolling(list);
-}
-
 bool WasReported(const LmListPart &list, int flags) {
     return list.automatic_selection &&
            (list.did_selection ||

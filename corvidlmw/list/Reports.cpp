@@ -56,6 +56,46 @@ void StopScrolling(LmListPart &list) {
     }
 }
 
+void EndGesture(LmListPart &list) {
+    list.event_flags = 0;
+    list.append_in_progress = False;
+    StopScrolling(list);
+}
+
+// ---- Client code --------------------------------------------------------------------------------------
+
+namespace {
+
+// By its serial number.
+unsigned long LastEventOf(Widget w) {
+    const XEvent *event = XtLastEventProcessed(XtDisplay(w));
+    return event ? event->xany.serial : 0;
+}
+
+// The client handled events of its own, for a modal dialog say: a release among them went to nobody.
+void EndGestureIfLetGo(Widget w) {
+    auto &list = ListOf(w);
+    if ((list.event_flags & EVENT_BUTTON_DOWN) && HeldButtons(w) == 0) {
+        EndGesture(list);
+        BuildSelectedList(list, true);
+    }
+}
+
+} // namespace
+
+bool CallClient(Widget w, const std::function<void()> &call) {
+    const LifeWatch life(w);
+    const unsigned long before = LastEventOf(w);
+    call();
+    if (life.Ended()) {
+        return false;
+    }
+    if (LastEventOf(w) != before) {
+        EndGestureIfLetGo(w);
+    }
+    return true;
+}
+
 // ---- Call data ----------------------------------------------------------------------------------------
 
 namespace {
@@ -103,9 +143,7 @@ public:
 
     // False if the list died of it.
     bool Send(XtCallbackList callbacks) {
-        const LifeWatch life(widget_);
-        XtCallCallbackList(widget_, callbacks, &data_);
-        return !life.Ended();
+        return CallClient(widget_, [&] { XtCallCallbackList(widget_, callbacks, &data_); });
     }
 
 private:

@@ -18,7 +18,7 @@ inline Texts SelectedTexts(Widget list) {
 }
 
 inline std::vector<int> PositionsFrom(Boolean found, int *positions, int count) {
-    const std::vector<int> all(positions, positions + (found ? count : 0));
+    std::vector<int> all(positions, positions + (found ? count : 0));
     XtFree(reinterpret_cast<char *>(positions));
     return all;
 }

@@ -2,6 +2,10 @@
 // scrolling while the pointer is held outside, and clients that turn the list upside down in between.
 #include <tests/list/SelectionTest.h>
 
+#include <Xm/MessageB.h>
+
+#include <X11/keysym.h>
+
 namespace {
 
 using corvidlmw::LifeWatch;
@@ -88,6 +92,27 @@ TEST_F(PointerSelectionTest, AModifierWhoseReleaseIsLostIsForgotten) {
     EXPECT_EQ(Selected(), (Rows{1, 3}));
     ClickRow(5);
     EXPECT_EQ(Selected(), Rows{5});
+}
+
+TEST_F(PointerSelectionTest, AModalDialogCanTakeTheRelease) {
+    Start(XmBROWSE_SELECT, true);
+    ClickRow(1);
+    log.OnEach([this](const auto &) {
+        Widget dialog = XmCreateMessageDialog(shell, Name("ask"), nullptr, 0);
+        XtVaSetValues(dialog, XmNdialogStyle, XmDIALOG_FULL_APPLICATION_MODAL, nullptr);
+        XtManageChild(dialog);
+        Pump();
+        Release();
+        XtDestroyWidget(XtParent(dialog));
+    });
+    PressRow(3);
+    log.OnEach(nullptr);
+    TakeTold();
+    XmProcessTraversal(list, XmTRAVERSE_CURRENT);
+    Pump();
+    Key(XK_Escape);
+    EXPECT_EQ(Selected(), Rows{3}) << "no gesture to take back";
+    EXPECT_TRUE(log.empty());
 }
 
 // ---- Clicks -----------------------------------------------------------------------------------------
