@@ -73,6 +73,11 @@ void DrawToolkitShadow(Display *display, Window window, const XmvIconGadgetPart 
     }
 }
 
+// Gadgets of other classes have no room for what is read.
+bool HasIconGadgetRecord(Widget w) {
+    return w && XmIsGadget(w) && XtClass(w)->core_class.widget_size >= sizeof(XmvIconGadgetRec);
+}
+
 XRectangle ShadowArea(const XmvIconGadgetRec &record) {
     const int highlight = record.gadget.highlight_thickness;
     return RectangleAt(record.rectangle.x + highlight, record.rectangle.y + highlight,
@@ -85,7 +90,7 @@ XRectangle ShadowArea(const XmvIconGadgetRec &record) {
 extern "C" {
 
 void _XmDrawGadgetShadowType(Widget gadget) {
-    if (!gadget || !XmIsGadget(gadget) || !XtWindowOfObject(gadget)) {
+    if (!HasIconGadgetRecord(gadget) || !XtWindowOfObject(gadget)) {
         return;
     }
     const auto &record = *reinterpret_cast<XmvIconGadget>(gadget);

@@ -16,7 +16,7 @@ extern "C" {
 /* Draws the shadow of `gadget`, an XmvIconGadget or a gadget with that instance record, inside of its
  * highlight: by its XmNshadowType one of the toolkit's, a drop shadow (XmSHADOW_DROP), or for any
  * other value none. Without a window of the parent, or with XmNshadowThickness 0, it draws nothing,
- * and neither for what is no gadget. */
+ * and neither for what is no gadget or has a smaller record. */
 CORVIDLMW_EXPORT void _XmDrawGadgetShadowType(Widget gadget);
 
 /* Draws in a window a shadow of depth `size` along the right and the bottom edge inside of the

@@ -5,6 +5,7 @@
 
 #include <Xm/BulletinB.h>
 #include <Xm/DrawP.h>
+#include <Xm/LabelG.h>
 
 #include <set>
 #include <utility>
@@ -122,6 +123,10 @@ TEST_F(ShadowTest, ADropShadowOfNothingIsNothing) {
         EXPECT_EQ(call.numbers[call.numbers[2] == 60 ? 3 : 2], 0) << call;
     _XmDrawGadgetShadowType(nullptr);
     _XmDrawGadgetShadowType(board);
+    Widget label = XtVaCreateManagedWidget("label", xmLabelGadgetClass, board, nullptr);
+    Recorder later;
+    _XmDrawGadgetShadowType(label);
+    EXPECT_TRUE(later.Drawing(XtWindow(board)).empty());
 }
 
 } // namespace
