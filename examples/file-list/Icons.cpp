@@ -2,58 +2,17 @@
 
 #include <Xm/Xm.h>
 
+#include <Painter.h>
+
 namespace file_list {
 
 namespace {
 
+using example::Painter;
+
 constexpr int width = 15;
 constexpr int height = 19; // so that a cell's shadow leaves room for the text
 constexpr int drop = 4;
-
-class Painter {
-public:
-    explicit Painter(Widget w)
-        : widget_(w), display_(XtDisplay(w)),
-          pixmap_(XCreatePixmap(display_, RootWindowOfScreen(XtScreen(w)), width, height,
-                                static_cast<unsigned>(DefaultDepthOfScreen(XtScreen(w))))),
-          gc_(XCreateGC(display_, pixmap_, 0, nullptr)) {
-        Pixel background = 0;
-        XtVaGetValues(w, XmNbackground, &background, nullptr);
-        XSetForeground(display_, gc_, background);
-        XFillRectangle(display_, pixmap_, gc_, 0, 0, width, height);
-    }
-    ~Painter() { XFreeGC(display_, gc_); }
-    Painter(const Painter &) = delete;
-    Painter &operator=(const Painter &) = delete;
-
-    Pixmap pixmap() const { return pixmap_; }
-
-    void Box(const char *fill, int x, int y, unsigned w, unsigned h) {
-        Use(fill);
-        XFillRectangle(display_, pixmap_, gc_, x, y + drop, w, h);
-        Use("gray30");
-        XDrawRectangle(display_, pixmap_, gc_, x, y + drop, w, h);
-    }
-    void Line(const char *colour, int x1, int y1, int x2, int y2) {
-        Use(colour);
-        XDrawLine(display_, pixmap_, gc_, x1, y1 + drop, x2, y2 + drop);
-    }
-
-private:
-    void Use(const char *colour) {
-        XColor screen{};
-        XColor exact{};
-        if (XAllocNamedColor(display_, DefaultColormapOfScreen(XtScreen(widget_)), colour, &screen,
-                             &exact) != 0) {
-            XSetForeground(display_, gc_, screen.pixel);
-        }
-    }
-
-    Widget widget_;
-    Display *display_;
-    Pixmap pixmap_;
-    GC gc_;
-};
 
 void PaintFolder(Painter &painter, const char *colour) {
     painter.Box(colour, 1, 1, 5, 3);
@@ -97,7 +56,9 @@ void PaintTick(Painter &painter) {
 }
 
 Pixmap Paint(Widget w, Kind kind, Look look) {
-    Painter painter(w);
+    Pixel background = 0;
+    XtVaGetValues(w, XmNbackground, &background, nullptr);
+    Painter painter(w, background, width, height, drop);
     PaintKind(painter, kind);
     if (look == Look::Pressed) {
         PaintFrame(painter);

@@ -1,13 +1,12 @@
 // form-designer [FILE]: designs a form of widgets in an XmGrid, and keeps it as an X resource file.
 
-#include <clocale>
-#include <cstring>
 #include <iostream>
-#include <langinfo.h>
 #include <string_view>
 
 #include "DesignerWindow.h"
 #include "FormFile.h"
+
+#include <Locale.h>
 
 namespace {
 
@@ -54,14 +53,6 @@ XrmOptionDescRec option_table[] = {
     {const_cast<char *>("-select"), const_cast<char *>(".selected"), XrmoptionSepArg, nullptr},
 };
 
-// Labels are UTF-8, also where the environment says nothing of a locale.
-String SetLocale(Display *, String, XtPointer) {
-    std::setlocale(LC_ALL, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-    return std::setlocale(LC_CTYPE, nullptr);
-}
-
 // The window object outlives its widgets, which call it.
 void ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Form form) {
     Options options{};
@@ -77,7 +68,7 @@ void ShowUntilQuit(XtAppContext app, Widget shell, const std::string &file, Form
 }
 
 int Run(int argc, char **argv, const std::string &file, Form form) {
-    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    XtSetLanguageProc(nullptr, example::SetLocale, nullptr);
     XtAppContext app = nullptr;
     const Widget shell = XtOpenApplication(&app, const_cast<char *>("FormDesigner"), option_table,
                                            XtNumber(option_table), &argc, argv, fallback_resources,

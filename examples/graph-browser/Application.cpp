@@ -1,8 +1,7 @@
 #include "Application.h"
 
-#include <clocale>
-#include <cstring>
-#include <langinfo.h>
+#include <Locale.h>
+
 
 namespace graph_browser {
 namespace {
@@ -56,19 +55,11 @@ char *fallback_resources[] = {
     nullptr,
 };
 
-// The browser's text is UTF-8, also where the environment says nothing of a locale.
-String SetLocale(Display *, String, XtPointer) {
-    std::setlocale(LC_ALL, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-    return std::setlocale(LC_CTYPE, nullptr);
-}
-
 } // namespace
 
 Widget OpenApplication(XtAppContext &app, XrmOptionDescList options, Cardinal option_count,
                        int &argc, char **argv) {
-    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    XtSetLanguageProc(nullptr, example::SetLocale, nullptr);
     return XtOpenApplication(&app, const_cast<char *>("GraphBrowser"), options, option_count, &argc,
                              argv, fallback_resources, applicationShellWidgetClass, nullptr, 0);
 }

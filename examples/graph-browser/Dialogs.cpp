@@ -8,6 +8,8 @@
 #include <Xm/SelectioB.h>
 #include <Xm/Text.h>
 
+#include <OneLine.h>
+
 #include "Text.h"
 
 namespace graph_browser {
@@ -81,37 +83,12 @@ void AddAnswer(Question &question, Answer answer) {
 
 // ---- Texts -----------------------------------------------------------------
 
-std::string OneLine(const std::string &text) {
-    std::string line;
-    for (const char c : text) {
-        if (c == '\n')
-            line += "\\n";
-        else if (c == '\\')
-            line += "\\\\";
-        else
-            line += c;
-    }
-    return line;
-}
-
-std::string FromOneLine(const std::string &line) {
-    std::string text;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const bool escape = line[i] == '\\' && i + 1 < line.size();
-        const char c = escape ? line[++i] : line[i];
-        if (escape && c != 'n' && c != '\\')
-            text += '\\';
-        text += escape && c == 'n' ? '\n' : c;
-    }
-    return text;
-}
-
 using TakeText = std::function<void(const std::string &)>;
 
 void TextEntered(Widget dialog, XtPointer client_data, XtPointer) {
     const auto take = std::move(*static_cast<TakeText *>(client_data));
     char *entered = XmTextGetString(XmSelectionBoxGetChild(dialog, XmDIALOG_TEXT));
-    const std::string text = FromOneLine(entered ? entered : "");
+    const std::string text = example::FromOneLine(entered ? entered : "");
     XtFree(entered);
     XtDestroyWidget(dialog);
     take(text);
@@ -151,7 +128,7 @@ void AskText(Widget shell, const std::string &question, const std::string &text,
     XtManageChild(dialog);
     const Widget field = XmSelectionBoxGetChild(dialog, XmDIALOG_TEXT);
     // What is typed first replaces the old text.
-    XmTextSetString(field, Name(OneLine(text).c_str()));
+    XmTextSetString(field, Name(example::OneLine(text).c_str()));
     XmTextSetSelection(field, 0, XmTextGetLastPosition(field),
                        XtLastTimestampProcessed(XtDisplay(field)));
 }

@@ -17,14 +17,6 @@ namespace {
 constexpr Pixel no_mark = static_cast<Pixel>(-1);
 constexpr const char *mark_color = "#d4500c";
 
-// Bytes of longer characters are above ASCII and stay as they are.
-std::string Lower(std::string text) {
-    for (char &c : text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
 // In a row of the form: to the right of `left`, or first without one.
 Widget Attached(const char *name, WidgetClass kind, Widget form, Widget left) {
     return XtVaCreateManagedWidget(
@@ -33,16 +25,6 @@ Widget Attached(const char *name, WidgetClass kind, Widget form, Widget left) {
 }
 
 } // namespace
-
-std::vector<int> FindNodes(const Graph &graph, const std::string &text) {
-    std::vector<int> found = text.empty() ? std::vector<int>{} : NodesOf(graph);
-    std::erase_if(found, [&graph, wanted = Lower(text)](int index) {
-        const Node &node = graph.NodeAt(index);
-        return Lower(node.name).find(wanted) == std::string::npos &&
-               Lower(node.label).find(wanted) == std::string::npos;
-    });
-    return found;
-}
 
 // ---- The line --------------------------------------------------------------
 

@@ -7,12 +7,10 @@
 
 #include <Xm/Xm.h>
 
+#include "FindNodes.h"
 #include "GraphView.h"
 
 namespace graph_browser {
-
-// The nodes whose name or label has the text in it, whatever the case of its ASCII letters.
-std::vector<int> FindNodes(const Graph &graph, const std::string &text);
 
 // A field for a text. The nodes that have it bear a mark in the overview; Return goes from one to the
 // next, each in the middle of the view. It has the keyboard from a click or TakeKeyboard() to a press in

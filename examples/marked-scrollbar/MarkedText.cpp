@@ -8,6 +8,8 @@
 
 #include <corvidlmw/scrollbar/SvScrollBar.h>
 
+#include <TroughMarks.h>
+
 namespace marked_scrollbar {
 namespace {
 
@@ -173,22 +175,12 @@ void MarkedText::ShowMarks() {
         SvScrollBarRedisplay(bar);
 }
 
-// A line of the text is a stripe of the trough, at least two pixels thick.
 void MarkedText::DrawMarks(Widget bar, XtPointer marked, XtPointer call_data) {
     auto &self = *static_cast<MarkedText *>(marked);
     const auto &picture = *static_cast<SvTroughPixmapCallbackStruct *>(call_data);
     self.shown_lines = self.marked_lines;
     self.shown_maximum = picture.maximum;
-    XGCValues values{};
-    values.foreground = self.mark_color;
-    GC gc = XCreateGC(XtDisplay(bar), picture.pixmap, GCForeground, &values);
-    const long height = picture.height;
-    const unsigned thickness = static_cast<unsigned>(std::max(height / picture.maximum, 2L));
-    for (int line : self.marked_lines)
-        XFillRectangle(XtDisplay(bar), picture.pixmap, gc, 0,
-                       static_cast<int>(line * height / picture.maximum),
-                       static_cast<unsigned>(picture.width), thickness);
-    XFreeGC(XtDisplay(bar), gc);
+    example::DrawTroughMarks(bar, picture, self.marked_lines, self.mark_color);
 }
 
 } // namespace marked_scrollbar

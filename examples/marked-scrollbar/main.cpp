@@ -1,11 +1,9 @@
 // marked-scrollbar FILE [WORD]: a text whose scroll bar shows where a word occurs.
 
 #include <cerrno>
-#include <clocale>
 #include <cstring>
 #include <fstream>
 #include <iostream>
-#include <langinfo.h>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -16,6 +14,8 @@
 #include <Xm/TextF.h>
 
 #include "MarkedText.h"
+
+#include <Locale.h>
 
 namespace {
 
@@ -147,14 +147,6 @@ void Run(XtAppContext app, Widget shell, const std::wstring &content, char *word
 
 // ---- Program ---------------------------------------------------------------------------------------
 
-// The file's text is UTF-8, also where the environment says nothing of a locale.
-String SetLocale(Display *, String, XtPointer) {
-    std::setlocale(LC_ALL, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-    return std::setlocale(LC_CTYPE, nullptr);
-}
-
 // Nothing, with errno set, if it cannot be read.
 std::optional<std::string> BytesOf(const char *file) {
     errno = 0;
@@ -168,7 +160,7 @@ std::optional<std::string> BytesOf(const char *file) {
 } // namespace
 
 int main(int argc, char **argv) {
-    XtSetLanguageProc(nullptr, SetLocale, nullptr);
+    XtSetLanguageProc(nullptr, example::SetLocale, nullptr);
     XtToolkitInitialize();
     XtAppContext app = XtCreateApplicationContext();
     XtAppSetFallbackResources(app, fallback_resources);
