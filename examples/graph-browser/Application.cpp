@@ -2,7 +2,6 @@
 
 #include <Locale.h>
 
-
 namespace graph_browser {
 namespace {
 

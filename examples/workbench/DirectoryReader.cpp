@@ -53,12 +53,12 @@ DirectoryReader::DirectoryReader(const std::string &path) {
 
 int DirectoryReader::AddEntry(const file_list::Entry &entry) {
     Node node{.name = Shown(entry.path), .label = Shown(entry.name)};
-    return document_.AddNode(std::move(node),
-                             {.kind = KindOf(entry.kind),
-                              .size = entry.size,
-                              .changed = entry.changed,
-                              .path = Shown(entry.path),
-                              .note = entry.target.empty() ? "" : "leads to " + Shown(entry.target)});
+    return document_.AddNode(
+        std::move(node), {.kind = KindOf(entry.kind),
+                          .size = entry.size,
+                          .changed = entry.changed,
+                          .path = Shown(entry.path),
+                          .note = entry.target.empty() ? "" : "leads to " + Shown(entry.target)});
 }
 
 void DirectoryReader::PutOff(const std::string &directory, int parent) {

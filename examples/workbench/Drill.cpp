@@ -19,8 +19,8 @@ void SelectAll(WorkbenchWindow &window) {
 }
 
 void PrintAndForget(WorkbenchWindow &window) {
-    const auto file = std::filesystem::temp_directory_path() /
-                      ("workbench." + std::to_string(getpid()) + ".ps");
+    const auto file =
+        std::filesystem::temp_directory_path() / ("workbench." + std::to_string(getpid()) + ".ps");
     graph_browser::PrintToFile(window.pane().graph(), file);
     std::filesystem::remove(file);
 }

@@ -16,10 +16,10 @@ FindLine::FindLine(Widget form)
                                     XmNrightAttachment, XmATTACH_FORM, nullptr)) {
     const graph_browser::Text prompt("Find:");
     const graph_browser::Text room("0000 nodes");
-    const Widget label = XtVaCreateManagedWidget(
-        "findLabel", xmLabelWidgetClass, line_, XmNlabelString, prompt.Get(), XmNtopAttachment,
-        XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
-        nullptr);
+    const Widget label =
+        XtVaCreateManagedWidget("findLabel", xmLabelWidgetClass, line_, XmNlabelString,
+                                prompt.Get(), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
+                                XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, nullptr);
     count_ = XtVaCreateManagedWidget("hits", xmLabelWidgetClass, line_, XmNlabelString, room.Get(),
                                      XmNrecomputeSize, False, XmNalignment, XmALIGNMENT_BEGINNING,
                                      XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,

@@ -43,8 +43,7 @@ GraphGestures::GraphGestures(WorkbenchWindow &window) : window_(window) {
 void GraphGestures::NewNode(Call &call) {
     History &history = window_.history();
     history.Begin("Add Node");
-    const std::string name =
-        "node" + std::to_string(window_.document().graph.nodes.size() + 1);
+    const std::string name = "node" + std::to_string(window_.document().graph.nodes.size() + 1);
     const int node = history.AddNode({.name = name, .label = name});
     window_.pane().AdoptNode(call.widget, node);
     window_.Later("a new node", [this, node] {

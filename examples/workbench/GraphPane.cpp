@@ -36,7 +36,6 @@ Widget CreateGraph(Widget parent) {
     return XmCreateScrolledGraph(parent, Name("graph"), args, XtNumber(args));
 }
 
-
 } // namespace
 
 // ---- Life -------------------------------------------------------------------------------------------
@@ -86,8 +85,7 @@ void GraphPane::Show() {
         const auto spacing = document_.graph.nodes.size() > many_nodes
                                  ? graph_browser::compact_spacing
                                  : graph_browser::normal_spacing;
-        const bool vertical =
-            document_.graph.orientation == graph_browser::Orientation::Vertical;
+        const bool vertical = document_.graph.orientation == graph_browser::Orientation::Vertical;
         XtVaSetValues(graph_, XmNchildSpacing, spacing.child, XmNsiblingSpacing, spacing.sibling,
                       XmNorientation, vertical ? XmVERTICAL : XmHORIZONTAL, nullptr);
         return false;
@@ -135,6 +133,7 @@ void GraphPane::MakeNode(int node) {
     const Pixel fill = colors_.Find(shown.fill).value_or(background_);
     const Degree degree = degrees_[static_cast<std::size_t>(node)];
     const Kind kind = ShownKind(document_.ItemAt(node).kind, degree);
+    look.Add(XmNbackground, fill); // that of the picture
     look.Add(XmNlabelPixmap, pictures_.Of(kind, fill, false));
     look.Add(XmNuserData, node);
     Widget &gadget = nodes_[static_cast<std::size_t>(node)];
@@ -174,6 +173,23 @@ void GraphPane::ManageNew() {
     unmanaged_.clear();
 }
 
+// All at once, so that the graph is not drawn anew for each.
+void GraphPane::HideRemoved(const Touched &touched) {
+    const auto hide = [](const std::vector<int> &indices, const auto &things,
+                         const std::vector<Widget> &widgets) {
+        std::vector<Widget> hidden;
+        for (const int index : indices) {
+            const Widget widget = At(widgets, index);
+            if (widget && things[static_cast<std::size_t>(index)].removed) {
+                hidden.push_back(widget);
+            }
+        }
+        XtUnmanageChildren(hidden.data(), static_cast<Cardinal>(hidden.size()));
+    };
+    hide(touched.edges, document_.graph.edges, arcs_);
+    hide(touched.nodes, document_.graph.nodes, nodes_);
+}
+
 // With a node its arcs are destroyed, so that they go first.
 void GraphPane::RemoveArc(int edge) {
     if (document_.graph.EdgeAt(edge).removed && ArcAt(edge)) {
@@ -199,6 +215,10 @@ void GraphPane::Update(const Touched &touched) {
                            });
     };
     FitTables();
+    worker_.Add("hiding", [this, shared] {
+        HideRemoved(*shared);
+        return false;
+    });
     for_each("removing arcs", shared->edges, &GraphPane::RemoveArc);
     for_each("removing nodes", shared->nodes, &GraphPane::RemoveNode);
     for_each("nodes", shared->nodes, &GraphPane::MakeNode);

@@ -57,6 +57,7 @@ public:
 private:
     static void TooBig(Widget, XtPointer closure, XtPointer);
 
+    void HideRemoved(const Touched &touched);
     void RemoveArc(int edge);
     void RemoveNode(int node);
     void MakeNode(int node);

@@ -52,7 +52,8 @@ XmRenderTable MakeTable(Widget w) {
 
 // In one field; of a long name its end, which tells more than where it lies.
 std::string FieldText(std::string text) {
-    std::replace_if(text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
     const auto begins = [](unsigned char c) { return (c & 0xc0) != 0x80; };
     auto at = text.end();
     for (std::size_t kept = 0; at != text.begin() && kept < longest_name;) {
@@ -261,20 +262,34 @@ std::vector<int> NodeList::Selected() const {
     return selected;
 }
 
+void NodeList::SetPolicy(unsigned char policy) {
+    XtVaSetValues(list_, XmNselectionPolicy, policy, nullptr);
+}
+
+void NodeList::SelectRow(int node) {
+    if (const int position = PositionOf(node)) {
+        LmListSelectPos(list_, position, False);
+    }
+}
+
 // In extended selection LmListSelectPos would select one row and no other.
-void NodeList::Select(const std::vector<int> &nodes) {
-    const NoUpdate quiet(list_);
+void NodeList::Select(Worker &worker, const std::vector<int> &nodes) {
     LmListDeselectAllItems(list_);
-    XtVaSetValues(list_, XmNselectionPolicy, XmMULTIPLE_SELECT, nullptr);
-    for (const int node : nodes) {
-        if (const int position = PositionOf(node)) {
-            LmListSelectPos(list_, position, False);
-        }
+    if (nodes.empty()) {
+        return;
     }
-    XtVaSetValues(list_, XmNselectionPolicy, XmEXTENDED_SELECT, nullptr);
-    if (!nodes.empty()) {
-        BringIntoSight(nodes.front());
+    BringIntoSight(nodes.front());
+    SetPolicy(XmMULTIPLE_SELECT);
+    if (nodes.size() <= many_changes) {
+        std::for_each(nodes.begin(), nodes.end(), [this](int node) { SelectRow(node); });
+        return SetPolicy(XmEXTENDED_SELECT);
     }
+    worker.AddForEach("selecting", static_cast<int>(nodes.size()),
+                      [this, nodes](int i) { SelectRow(nodes[static_cast<std::size_t>(i)]); });
+    worker.Add("selecting", [this] {
+        SetPolicy(XmEXTENDED_SELECT);
+        return false;
+    });
 }
 
 void NodeList::BringIntoSight(int node) {

@@ -32,8 +32,8 @@ public:
     void Update(Worker &worker, const Touched &touched);
 
     std::vector<int> Selected() const;
-    // Brings the first one into sight.
-    void Select(const std::vector<int> &nodes);
+    // Brings the first one into sight. Many are selected by the worker.
+    void Select(Worker &worker, const std::vector<int> &nodes);
     // The hits of the search, in ascending order; the first one comes into sight.
     void Mark(std::vector<int> hits);
     void BringIntoSight(int node);
@@ -47,6 +47,8 @@ private:
 
     void AddRows(std::size_t from, std::size_t to);
     void UpdateRow(int node);
+    void SetPolicy(unsigned char policy);
+    void SelectRow(int node);
     void SetIcons(const std::vector<int> &nodes);
     void Number(); // positions of all rows
     std::string RowText(int node) const;

@@ -20,10 +20,21 @@ namespace {
 using graph_browser::Name;
 using graph_browser::Text;
 
-enum Row : std::size_t { name_row, label_row, kind_row, path_row, size_row, changed_row, in_row, out_row, cluster_row, note_row };
+enum Row : std::size_t {
+    name_row,
+    label_row,
+    kind_row,
+    path_row,
+    size_row,
+    changed_row,
+    in_row,
+    out_row,
+    cluster_row,
+    note_row
+};
 
-constexpr std::array<const char *, 10> rows = {"Name", "Label", "Kind",    "Path",  "Size",
-                                              "Changed", "Arcs in", "Arcs out", "Cluster", "Note"};
+constexpr std::array<const char *, 10> rows = {"Name",    "Label",   "Kind",     "Path",    "Size",
+                                               "Changed", "Arcs in", "Arcs out", "Cluster", "Note"};
 constexpr std::size_t line_length = 34;
 constexpr std::size_t most_lines = 12;
 
@@ -94,13 +105,13 @@ void PropertyPane::AddRow(int row, const char *name) {
     XtVaCreateManagedWidget("property", xmLabelGadgetClass, grid_, XmNlabelString, title.Get(),
                             XmNrow, row, XmNcolumn, 0, XmNresizeHorizontal, False,
                             XmNresizeVertical, False, XmNgravity, NorthEastGravity, nullptr);
-    values_.push_back(
-        row == label_row
-            ? XtVaCreateManagedWidget("label", xmTextFieldWidgetClass, grid_, XmNrow, row,
-                                      XmNcolumn, 1, XmNcolumns, 20, nullptr)
-            : XtVaCreateManagedWidget("value", xmLabelWidgetClass, grid_, XmNlabelString,
-                                      nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING, XmNrow,
-                                      row, XmNcolumn, 1, nullptr));
+    values_.push_back(row == label_row
+                          ? XtVaCreateManagedWidget("label", xmTextFieldWidgetClass, grid_, XmNrow,
+                                                    row, XmNcolumn, 1, XmNcolumns, 20, nullptr)
+                          : XtVaCreateManagedWidget("value", xmLabelWidgetClass, grid_,
+                                                    XmNlabelString, nothing.Get(), XmNalignment,
+                                                    XmALIGNMENT_BEGINNING, XmNrow, row, XmNcolumn,
+                                                    1, nullptr));
 }
 
 void PropertyPane::SetValue(std::size_t row, const std::string &value) {

@@ -9,8 +9,8 @@
 
 namespace workbench {
 
-// More than this no window could hold.
-constexpr int most_nodes = 5000;
+// Of what a directory or a project holds. A window is at most 32767 pixels high: it could hold no more.
+constexpr int most_nodes = 2000;
 
 struct Failure {
     std::string message;

@@ -36,9 +36,13 @@ void Attach(Widget w, Widget below, Widget above) {
                   above, nullptr);
 }
 
-Widget MakeForm(Widget parent, const char *name) {
+constexpr int list_width = 440;
+constexpr int properties_width = 300;
+
+// A pane begins with the width that it has when it is managed.
+Widget MakeForm(Widget parent, const char *name, int width) {
     return XtVaCreateManagedWidget(name, xmFormWidgetClass, parent, XmNresizePolicy, XmRESIZE_NONE,
-                                   nullptr);
+                                   XmNwidth, width, nullptr);
 }
 
 } // namespace
@@ -69,7 +73,7 @@ WorkbenchWindow::~WorkbenchWindow() = default;
 // What the window has more or less, the graph gets or gives.
 void WorkbenchWindow::BuildPanes(Widget main_window) {
     const Widget panes = XmCreateHorzPanedWindow(main_window, Name("panes"), nullptr, 0);
-    const Widget left = MakeForm(panes, "left");
+    const Widget left = MakeForm(panes, "left", list_width);
     finder_ = std::make_unique<FindLine>(left);
     list_ = std::make_unique<NodeList>(left, document_);
     Attach(list_->header(), finder_->line(), nullptr);
@@ -89,7 +93,7 @@ void WorkbenchWindow::BuildPanes(Widget main_window) {
 }
 
 Widget WorkbenchWindow::BuildRightPane(Widget panes) {
-    const Widget right = MakeForm(panes, "right");
+    const Widget right = MakeForm(panes, "right", properties_width);
     const Widget frame = XtVaCreateManagedWidget(
         "overviewFrame", xmFrameWidgetClass, right, XmNtopAttachment, XmATTACH_FORM,
         XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
@@ -103,12 +107,13 @@ Widget WorkbenchWindow::BuildRightPane(Widget panes) {
 
 // The bar is there while something takes long.
 void WorkbenchWindow::BuildStatus(Widget main_window) {
-    const Widget form = MakeForm(main_window, "statusLine");
+    const Widget form =
+        XtVaCreateManagedWidget("statusLine", xmFormWidgetClass, main_window, nullptr);
     const Text nothing(" ");
-    progress_ = XtVaCreateWidget("progress", xmScaleWidgetClass, form, XmNorientation,
-                                 XmHORIZONTAL, XmNslidingMode, XmTHERMOMETER, XmNeditable, False,
-                                 XmNrightAttachment, XmATTACH_FORM, XmNtopAttachment,
-                                 XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, nullptr);
+    progress_ = XtVaCreateWidget("progress", xmScaleWidgetClass, form, XmNorientation, XmHORIZONTAL,
+                                 XmNslidingMode, XmTHERMOMETER, XmNeditable, False,
+                                 XmNrightAttachment, XmATTACH_FORM, XmNtopAttachment, XmATTACH_FORM,
+                                 XmNbottomAttachment, XmATTACH_FORM, nullptr);
     status_ = XtVaCreateManagedWidget("status", xmLabelWidgetClass, form, XmNlabelString,
                                       nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING,
                                       XmNrecomputeSize, False, nullptr);
@@ -177,7 +182,7 @@ void WorkbenchWindow::Stop() {
 
 void WorkbenchWindow::Select(std::vector<int> nodes) {
     selected_ = std::move(nodes);
-    list_->Select(selected_);
+    list_->Select(worker_, selected_);
     pane_->Select(selected_);
     properties_->Show(selected_);
     UpdateStatus();
@@ -205,9 +210,8 @@ void WorkbenchWindow::GoToNextHit() {
     if (hits_.empty() || IsBusy()) {
         return;
     }
-    auto next = selected_.empty()
-                    ? hits_.begin()
-                    : std::upper_bound(hits_.begin(), hits_.end(), selected_.front());
+    auto next = selected_.empty() ? hits_.begin()
+                                  : std::upper_bound(hits_.begin(), hits_.end(), selected_.front());
     if (next == hits_.end()) {
         next = hits_.begin();
     }
@@ -243,8 +247,7 @@ std::string WorkbenchWindow::StatusText() const {
 void WorkbenchWindow::UpdateStatus() {
     const Text text(StatusText());
     XtVaSetValues(status_, XmNlabelString, text.Get(), nullptr);
-    const std::string title =
-        "workbench: " + document_.path + (history_.IsChanged() ? " *" : "");
+    const std::string title = "workbench: " + document_.path + (history_.IsChanged() ? " *" : "");
     XtVaSetValues(shell_, XmNtitle, title.c_str(), nullptr);
     menus_->Refresh();
 }

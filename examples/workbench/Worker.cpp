@@ -61,8 +61,9 @@ void Worker::RunSlice() {
             tasks_.pop_front();
         }
     }
+    const std::string name = Name();
     progressed_();
-    NoteStay(begin, "a slice");
+    NoteStay(begin, name.empty() ? "the last slice" : "a slice of " + name);
 }
 
 Boolean Worker::Slice(XtPointer closure) {

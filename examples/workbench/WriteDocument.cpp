@@ -56,8 +56,7 @@ void Writer::WriteNodes() {
             if (written.label != node.label) {
                 graph_browser::LabelNode(written_, at_.back(), node.label);
             }
-            written_.NodeAt(at_.back()).place =
-                document_.graph.placed ? node.place : std::nullopt;
+            written_.NodeAt(at_.back()).place = document_.graph.placed ? node.place : std::nullopt;
         }
         i++;
     }
@@ -103,8 +102,7 @@ bool Writer::WriteEdge(int index, const Edge &edge) {
 }
 
 std::variant<std::string, Failure> Writer::Write() {
-    auto read =
-        graph_browser::ReadDotText(document_.dot.empty() ? empty_graph : document_.dot);
+    auto read = graph_browser::ReadDotText(document_.dot.empty() ? empty_graph : document_.dot);
     if (const auto *error = std::get_if<graph_browser::ReadError>(&read)) {
         return Failure{error->message};
     }

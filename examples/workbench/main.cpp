@@ -49,11 +49,13 @@ XrmOptionDescRec option_table[] = {
 
 constexpr const char *usage =
     "usage: workbench [OPTION...] [PATH]\n"
-    "Shows the directory or the DOT file PATH. Besides the toolkit's options (-display, -geometry, -xrm):\n"
+    "Shows the directory or the DOT file PATH. Besides the toolkit's options (-display, -geometry, "
+    "-xrm):\n"
     "  -includes      which source file in the directory PATH includes which\n"
     "  -find TEXT     mark the nodes with this text\n"
     "  -select NODE   the node to begin with\n"
-    "  -measure       go through the commands, tell how long the longest stay away from the event loop\n"
+    "  -measure       go through the commands, tell how long the longest stay away from the event "
+    "loop\n"
     "                 was in each, and quit\n";
 
 void SelectByName(WorkbenchWindow &window, const std::string &name) {
@@ -72,9 +74,8 @@ void SelectByName(WorkbenchWindow &window, const std::string &name) {
 void Open(WorkbenchWindow &window, const Options &options, const std::string &path) {
     window.Open(options.includes ? Source::Includes : GuessSource(path), path);
     if (options.select) {
-        window.WhenShown([&window, name = std::string(options.select)] {
-            SelectByName(window, name);
-        });
+        window.WhenShown(
+            [&window, name = std::string(options.select)] { SelectByName(window, name); });
     }
     if (options.find) {
         window.Find(options.find);
@@ -111,8 +112,7 @@ int main(int argc, char **argv) {
         return ok;
     }
     XtAppContext app = nullptr;
-    const Widget shell =
-        OpenWorkbench(app, option_table, XtNumber(option_table), argc, argv);
+    const Widget shell = OpenWorkbench(app, option_table, XtNumber(option_table), argc, argv);
     if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {
         std::cerr << usage;
         return bad_usage;
