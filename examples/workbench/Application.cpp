@@ -28,6 +28,7 @@ char *fallback_resources[] = {
     const_cast<char *>("*graph*arc.foreground: #606060"),
     const_cast<char *>("*graph.overviewNodeColor: #7f95b5"),
     const_cast<char *>("*graph.overviewLineColor: #c8c4bc"),
+    const_cast<char *>("*graph.skewOverviewScale: true"),
     const_cast<char *>("*overview.background: #f6f5f2"),
     const_cast<char *>("*overview.topShadowColor: #2f5f9f"),
     const_cast<char *>("*overview.bottomShadowColor: #2f5f9f"),

@@ -8,6 +8,8 @@
 
 #include <PrintFile.h>
 
+#include "WriteDocument.h"
+
 namespace workbench {
 
 namespace {
@@ -49,6 +51,7 @@ Drill::Drill(WorkbenchWindow &window, Clock::time_point start)
         {"turn", [&w] { w.pane().Turn(); }},
         {"turn back", [&w] { w.pane().Turn(); }},
         {"print", [&w] { PrintAndForget(w); }},
+        {"write as DOT", [&w] { WriteDocument(w.document()); }},
     };
 }
 

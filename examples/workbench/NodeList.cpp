@@ -23,7 +23,8 @@ using graph_browser::Name;
 constexpr int name_width = 250;
 constexpr int kind_width = 70;
 constexpr int number_width = 36;
-constexpr std::size_t longest_name = 36; // characters
+constexpr int gap = 8;
+constexpr std::size_t longest_name = 60; // characters
 constexpr std::size_t rows_at_once = 50;
 constexpr std::size_t many_changes = 100; // above which all rows are made anew
 constexpr PictureFormat format{19, 4};    // a cell's shadow leaves room for the text then
@@ -50,16 +51,37 @@ XmRenderTable MakeTable(Widget w) {
     return table;
 }
 
+int WidthOf(XmRenderTable table, const std::string &text) {
+    XmString string = XmStringCreateLocalized(Name(text.c_str()));
+    const int width = XmStringWidth(table, string);
+    XmStringFree(string);
+    return width;
+}
+
+// From the last `count` characters on, or all of it.
+std::string EndOf(const std::string &text, std::size_t count) {
+    const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; };
+    auto at = text.end();
+    while (at != text.begin() && count > 0) {
+        count -= begins(*--at) ? 1 : 0;
+    }
+    return {at, text.end()};
+}
+
 // In one field; of a long name its end, which tells more than where it lies.
-std::string FieldText(std::string text) {
+std::string FieldText(XmRenderTable table, std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
-    const auto begins = [](unsigned char c) { return (c & 0xc0) != 0x80; };
-    auto at = text.end();
-    for (std::size_t kept = 0; at != text.begin() && kept < longest_name;) {
-        kept += begins(static_cast<unsigned char>(*--at)) ? 1 : 0;
+    std::string fitted = EndOf(text, longest_name);
+    for (std::size_t count = longest_name;
+         count > 0 && (fitted.size() < text.size() || WidthOf(table, fitted) > name_width - gap);
+         count--) {
+        fitted = "\xe2\x80\xa6" + EndOf(text, count);
+        if (WidthOf(table, fitted) <= name_width - gap) {
+            break;
+        }
     }
-    return at == text.begin() ? text : "\xe2\x80\xa6" + std::string(at, text.end());
+    return fitted;
 }
 
 Widget CreateList(Widget parent) {
@@ -167,7 +189,7 @@ void NodeList::AddRows(std::size_t from, std::size_t to) {
 std::string NodeList::RowText(int node) const {
     const Degree degree = degrees_[static_cast<std::size_t>(node)];
     const Kind kind = ShownKind(document_.ItemAt(node).kind, degree);
-    return FieldText(document_.graph.NodeAt(node).label) + "\t" + KindName(kind) + "\t" +
+    return FieldText(table_, document_.graph.NodeAt(node).label) + "\t" + KindName(kind) + "\t" +
            std::to_string(degree.in) + "\t" + std::to_string(degree.out);
 }
 

@@ -255,6 +255,7 @@ void WorkbenchWindow::UpdateStatus() {
 void WorkbenchWindow::ShowProgress() {
     UpdateStatus();
     if (IsBusy()) {
+        XmScaleSetValue(progress_, worker_.Percent());
         XtManageChild(progress_);
     } else {
         XtUnmanageChild(progress_);

@@ -31,9 +31,11 @@ void Worker::Add(std::string name, Step step) {
 
 void Worker::AddForEach(std::string name, int count, std::function<void(int)> act) {
     const auto next = std::make_shared<int>(0);
-    Add(std::move(name), [next, count, act = std::move(act)] {
+    total_ += count;
+    Add(std::move(name), [this, next, count, act = std::move(act)] {
         if (*next < count) {
             act((*next)++);
+            done_++;
         }
         return *next < count;
     });
@@ -60,6 +62,9 @@ void Worker::RunSlice() {
         if (std::exchange(given_up_, false) || !more) {
             tasks_.pop_front();
         }
+    }
+    if (tasks_.empty()) {
+        total_ = done_ = 0;
     }
     const std::string name = Name();
     progressed_();

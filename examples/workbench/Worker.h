@@ -29,6 +29,8 @@ public:
     void GiveUp();
 
     bool IsBusy() const { return !tasks_.empty(); }
+    // How much of what can be counted is done, in percent.
+    int Percent() const { return total_ > 0 ? done_ * 100 / total_ : 0; }
     // What is being done now.
     std::string Name() const { return IsBusy() ? tasks_.front().name : ""; }
 
@@ -45,6 +47,8 @@ private:
     std::function<void()> progressed_;
     std::deque<Task> tasks_;
     std::optional<XtWorkProcId> waiting_;
+    int total_ = 0; // of what AddForEach goes through, since the last rest
+    int done_ = 0;
     bool running_ = false;
     bool given_up_ = false; // by the step that runs
 };
