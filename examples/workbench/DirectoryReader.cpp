@@ -1,7 +1,6 @@
 #include "DirectoryReader.h"
 
 #include <filesystem>
-#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -63,9 +62,9 @@ int DirectoryReader::AddEntry(const file_list::Entry &entry) {
 
 void DirectoryReader::PutOff(const std::string &directory, int parent) {
     auto entries = file_list::ReadTree(directory, 1);
-    for (auto &entry : std::views::reverse(entries)) {
-        if (!entry.name.starts_with('.')) {
-            waiting_.push_back({std::move(entry), parent});
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        if (!entry->name.starts_with('.')) {
+            waiting_.push_back({std::move(*entry), parent});
         }
     }
 }

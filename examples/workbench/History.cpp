@@ -67,7 +67,7 @@ void History::RemoveEdge(int edge) {
 }
 
 Touched History::Commit() {
-    const Touched touched = TouchedBy(open_);
+    Touched touched = TouchedBy(open_);
     if (open_.nodes.empty() && open_.edges.empty()) {
         return touched;
     }

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <ranges>
 #include <utility>
 
 #include <Directory.h>
@@ -21,7 +20,7 @@ constexpr std::uintmax_t largest_file = 4 << 20;
 
 // What a build made is not the project's own.
 bool IsBuildDirectory(const std::vector<file_list::Entry> &entries) {
-    return std::ranges::any_of(entries, [](const auto &entry) {
+    return std::any_of(entries.begin(), entries.end(), [](const auto &entry) {
         return entry.name == "CMakeCache.txt" || entry.name == "config.status";
     });
 }
@@ -61,9 +60,9 @@ void IncludeReader::GoThrough(const std::string &directory) {
     if (IsBuildDirectory(entries)) {
         return;
     }
-    for (const auto &entry : std::views::reverse(entries)) {
-        if (entry.kind == file_list::Kind::Directory && !entry.name.starts_with('.')) {
-            directories_.push_back(entry.path);
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        if (entry->kind == file_list::Kind::Directory && !entry->name.starts_with('.')) {
+            directories_.push_back(entry->path);
         }
     }
     for (const auto &entry : entries) {
@@ -101,7 +100,7 @@ void IncludeReader::ReadFile(int node) {
         if (!found) {
             item.note += (item.note.empty() ? "also " : ", ") +
                          graph_browser::CleanUtf8(include.name, false);
-        } else if (std::ranges::find(reached, *found) == reached.end()) {
+        } else if (std::find(reached.begin(), reached.end(), *found) == reached.end()) {
             reached.push_back(*found);
             document_.AddEdge(node, *found);
         }
