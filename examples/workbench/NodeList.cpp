@@ -51,6 +51,12 @@ XmRenderTable MakeTable(Widget w) {
     return table;
 }
 
+// Made once for the program: the toolkit does not give all of a table back.
+XmRenderTable Table(Widget w) {
+    static const XmRenderTable table = MakeTable(w);
+    return table;
+}
+
 int WidthOf(XmRenderTable table, const std::string &text) {
     XmString string = XmStringCreateLocalized(Name(text.c_str()));
     const int width = XmStringWidth(table, string);
@@ -133,7 +139,7 @@ NodeList::NodeList(Widget parent, const Document &document)
     : document_(document),
       header_(XtVaCreateManagedWidget("header", xmLabelWidgetClass, parent, XmNalignment,
                                       XmALIGNMENT_BEGINNING, XmNrecomputeSize, False, nullptr)),
-      list_(CreateList(parent)), pictures_(list_, format), table_(MakeTable(list_)) {
+      list_(CreateList(parent)), pictures_(list_, format), table_(Table(list_)) {
     XtVaSetValues(list_, XmNfontList, table_, nullptr);
     XmString columns = XmStringCreateLocalized(Name("Name\tKind\tIn\tOut"));
     XtVaSetValues(header_, XmNrenderTable, table_, XmNlabelString, columns, nullptr);
@@ -144,10 +150,6 @@ NodeList::NodeList(Widget parent, const Document &document)
     background_ = graph_browser::GetResource<Pixel>(list_, XmNbackground);
     mark_ = graph_browser::Colors(list_).Find("#d4500c").value_or(0);
     XtManageChild(list_);
-}
-
-NodeList::~NodeList() {
-    XmRenderTableFree(table_);
 }
 
 // ---- Rows -------------------------------------------------------------------------------------------

@@ -18,7 +18,6 @@ namespace workbench {
 class NodeList {
 public:
     NodeList(Widget parent, const Document &document);
-    ~NodeList();
     NodeList(const NodeList &) = delete;
     NodeList &operator=(const NodeList &) = delete;
 
