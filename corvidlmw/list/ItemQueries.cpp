@@ -37,15 +37,6 @@ std::vector<int> RowsEqualTo(const LmListPart &list, XmString string) {
     return rows;
 }
 
-std::vector<int> RowsOf(const RowSet &set) {
-    std::vector<int> rows;
-    rows.reserve(static_cast<std::size_t>(set.size()));
-    for (int row = set.Next(0); row >= 0; row = set.Next(row + 1)) {
-        rows.push_back(row);
-    }
-    return rows;
-}
-
 template <typename T>
 void Give(T *place, int value) {
     if (place) {
@@ -78,7 +69,7 @@ Boolean LmListGetMatchPos(Widget w, XmString item, int **positions, int *count) 
 
 Boolean LmListGetSelectedPos(Widget w, int **positions, int *count) {
     return IsList(w) && ListOf(w).selected_item_count > 0 &&
-           Give(RowsOf(StateOf(w).selected), positions, count);
+           Give(StateOf(w).selected.Rows(), positions, count);
 }
 
 Boolean LmListPosSelected(Widget w, int position) {

@@ -81,12 +81,15 @@ void SelectCursorRow(Widget w, int row) {
 
 void SelectAllRows(Widget w) {
     auto &list = ListOf(w);
-    const BarClip together(w);
     for (int row = 0; row < list.element_count; row++) {
         if (!ElementOf(list, row).selected) {
             SetBothSelected(list, row, true);
-            DrawItem(w, row);
         }
+    }
+    const RowRange rows = RowsInView(list);
+    const BarClip together(w);
+    for (int row = rows.first; row < rows.end; row++) {
+        DrawItem(w, row);
     }
 }
 

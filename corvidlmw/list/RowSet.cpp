@@ -5,21 +5,6 @@
 
 namespace corvidlmw::list {
 
-bool RowSet::Contains(int row) const {
-    return row >= 0 && row < Highest() && (words_[WordOf(row)] & BitOf(row)) != 0;
-}
-
-void RowSet::Put(int row, bool member) {
-    if (Contains(row) == member) {
-        return;
-    }
-    if (row >= Highest()) {
-        words_.resize(WordOf(row) + 1);
-    }
-    words_[WordOf(row)] ^= BitOf(row);
-    size_ += member ? 1 : -1;
-}
-
 void RowSet::Clear() {
     words_.clear();
     size_ = 0;
@@ -58,6 +43,13 @@ int RowSet::LastBefore(int row) const {
         }
         word = words_[i];
     }
+}
+
+std::vector<int> RowSet::Rows() const {
+    std::vector<int> rows;
+    rows.reserve(static_cast<std::size_t>(size_));
+    ForEach([&rows](int row) { rows.push_back(row); });
+    return rows;
 }
 
 RowSet::Word RowSet::WordAt(int row) const {

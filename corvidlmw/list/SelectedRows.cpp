@@ -23,28 +23,14 @@ void FreePositions(LmListPart &list) {
 }
 
 void RememberSelection(LmListPart &list) {
-    const RowSet &unsettled = StateOf(list).unsettled;
-    for (int row = unsettled.Next(0); row >= 0; row = unsettled.Next(row + 1)) {
-        SetLastSelected(list, row, ElementOf(list, row).selected != False);
-    }
+    StateOf(list).unsettled.ForEach(
+        [&list](int row) { SetLastSelected(list, row, ElementOf(list, row).selected != False); });
 }
 
 void DeselectAll(LmListPart &list) {
     const auto &state = StateOf(list);
     for (const RowSet *rows : {&state.selected, &state.unsettled}) {
-        for (int row = rows->Next(0); row >= 0; row = rows->Next(row + 1)) {
-            SetBothSelected(list, row, false);
-        }
-    }
-}
-
-// In row order.
-template <typename Act>
-void ForEachSelected(const LmListPart &list, Act act) {
-    const RowSet &selected = StateOf(list).selected;
-    int i = 0;
-    for (int row = selected.Next(0); i < selected.size(); row = selected.Next(row + 1)) {
-        act(i++, row);
+        rows->ForEach([&list](int row) { SetBothSelected(list, row, false); });
     }
 }
 
@@ -120,9 +106,9 @@ void BuildSelectedList(LmListPart &list, bool remember) {
     list.selected_item_count = count;
     list.selected_items = NewArray<XmString>(count);
     list.selected_positions = NewArray<int>(count);
-    ForEachSelected(list, [&list](int i, int row) {
+    StateOf(list).selected.ForEach([&list, i = 0](int row) mutable {
         list.selected_items[i] = XmStringCopy(list.items[row]);
-        list.selected_positions[i] = row + 1;
+        list.selected_positions[i++] = row + 1;
     });
 }
 
@@ -131,7 +117,8 @@ void UpdateSelectedIndices(LmListPart &list) {
     const int count = StateOf(list).selected.size();
     if (count > 0) {
         list.selected_positions = NewArray<int>(count);
-        ForEachSelected(list, [&list](int i, int row) { list.selected_positions[i] = row + 1; });
+        StateOf(list).selected.ForEach(
+            [next = list.selected_positions](int row) mutable { *next++ = row + 1; });
     }
 }
 

@@ -93,14 +93,7 @@ void Free(LmListTransfer *transfer) {
 // A selected row takes all selected rows along.
 std::vector<int> RowsToDrag(const LmListPart &list, int row) {
     const RowSet &selected = StateOf(list).selected;
-    if (!selected.Contains(row)) {
-        return {row};
-    }
-    std::vector<int> rows;
-    for (int next = selected.Next(0); next >= 0; next = selected.Next(next + 1)) {
-        rows.push_back(next);
-    }
-    return rows;
+    return selected.Contains(row) ? selected.Rows() : std::vector<int>{row};
 }
 
 LmListTransfer *NewTransfer(Widget w, const std::vector<int> &rows) {
