@@ -41,13 +41,19 @@ void WorkbenchWindow::DeleteSelected() {
     ShowEdit(history_.Commit(), true);
 }
 
+// What was typed is not lost because an edit before it is still being shown; but another document has no
+// such node.
 void WorkbenchWindow::Rename(int node, const std::string &label) {
-    if (IsBusy()) {
-        return;
+    const auto rename = [this, node, label] {
+        history_.Begin("Rename");
+        history_.ChangeNode(node).label = label;
+        ShowEdit(history_.Commit(), true);
+    };
+    if (!IsBusy()) {
+        rename();
+    } else if (!reader_) {
+        Later("renaming", rename);
     }
-    history_.Begin("Rename");
-    history_.ChangeNode(node).label = label;
-    ShowEdit(history_.Commit(), true);
 }
 
 void WorkbenchWindow::LayOutAgain() {
@@ -111,6 +117,7 @@ void WorkbenchWindow::ShowEdit(const Touched &touched, bool also_in_graph) {
         FindAgain();
         Select(selected_);
     });
+    UpdateStatus();
 }
 
 } // namespace workbench

@@ -140,6 +140,7 @@ void WorkbenchWindow::Read(Source source, const std::string &path) {
     reader_ = MakeReader(source, path);
     worker_.Add("reading", [this] { return reader_->Step(); });
     Later("reading", [this] { TakeRead(); });
+    UpdateStatus();
 }
 
 void WorkbenchWindow::TakeRead() {
@@ -158,7 +159,6 @@ void WorkbenchWindow::ShowDocument(Document document) {
     history_.Clear();
     document_ = std::move(document);
     files_->Shown();
-    mark_->Expect(document_.path);
     list_->Show(worker_);
     pane_->Show();
     Later("the search", [this] {
@@ -166,7 +166,17 @@ void WorkbenchWindow::ShowDocument(Document document) {
         if (const auto shown = std::exchange(shown_, nullptr)) {
             shown();
         }
+        TellWhenDrawn();
     });
+}
+
+// The mark comes with an exposure, of which there may be none any more.
+void WorkbenchWindow::TellWhenDrawn() {
+    mark_->Expect(document_.path);
+    const Widget graph = pane_->graph();
+    if (XtIsRealized(graph)) {
+        XClearArea(XtDisplay(graph), XtWindow(graph), 0, 0, 0, 0, True);
+    }
 }
 
 // What is half made of another document cannot stay.

@@ -58,7 +58,7 @@ public:
     void Find(const std::string &text) { finder_->SetText(text); }
     void GoToNextHit();
 
-    // Edits by commands; none while the window is busy.
+    // Edits by commands. While the window is busy there are none, but a name is taken afterwards.
     void AddNode();
     void DeleteSelected();
     void Rename(int node, const std::string &label);
@@ -86,6 +86,7 @@ private:
     void Read(Source source, const std::string &path);
     void TakeRead();
     void ShowEdit(const Touched &touched, bool also_in_graph);
+    void TellWhenDrawn();
     void TakeListSelection();
     void FindAgain();
     void ShowProgress();

@@ -14,6 +14,7 @@
 
 #include <GraphView.h>
 #include <Looks.h>
+#include <PrintFile.h>
 #include <WorkbenchWindow.h>
 
 namespace workbench {
@@ -48,6 +49,10 @@ protected:
     std::string File(const std::string &name, const std::string &text) const {
         std::ofstream(top / name) << text;
         return top / name;
+    }
+    static std::string Contents(const std::string &file) {
+        std::ifstream in(file);
+        return {std::istreambuf_iterator<char>(in), {}};
     }
     void Open(Source source, const std::string &path) {
         window->Open(source, path);
@@ -217,6 +222,30 @@ TEST_F(WorkbenchTest, UndoesEditsOfAllKinds) {
     EXPECT_FALSE(window->history().IsChanged());
     Command(XK_q);
     EXPECT_EQ(quits, 1);
+}
+
+TEST_F(WorkbenchTest, PrintsAndSavesWhatIsShown) {
+    window->Rename(1, "maiden");
+    Settle();
+    const std::string paper = top / "family.ps";
+    EXPECT_EQ(graph_browser::PrintToFile(Graph(), paper), std::nullopt);
+    EXPECT_NE(Contents(paper).find("(maiden) show"), std::string::npos);
+    Command(XK_s);
+    EXPECT_FALSE(window->history().IsChanged());
+    EXPECT_NE(Contents(top / "family.dot").find("label=maiden"), std::string::npos);
+    Command(XK_z);
+    EXPECT_TRUE(window->history().IsChanged());
+}
+
+TEST_F(WorkbenchTest, StopsReadingAndKeepsWhatIsShown) {
+    window->Open(Source::Directory, "/usr");
+    EXPECT_TRUE(window->IsBusy());
+    window->DeleteSelected();
+    window->AddNode();
+    Command(XK_c);
+    ExpectAll(4, 3);
+    Command(XK_n);
+    ExpectAll(5, 3);
 }
 
 TEST_F(WorkbenchTest, ManyNodesComeAndGoInSlices) {
