@@ -110,10 +110,10 @@ void WorkbenchWindow::BuildStatus(Widget main_window) {
     const Widget form =
         XtVaCreateManagedWidget("statusLine", xmFormWidgetClass, main_window, nullptr);
     const Text nothing(" ");
-    progress_ = XtVaCreateWidget("progress", xmScaleWidgetClass, form, XmNorientation, XmHORIZONTAL,
-                                 XmNslidingMode, XmTHERMOMETER, XmNeditable, False,
-                                 XmNrightAttachment, XmATTACH_FORM, XmNtopAttachment, XmATTACH_FORM,
-                                 XmNbottomAttachment, XmATTACH_FORM, nullptr);
+    progress_ =
+        XtVaCreateWidget("progress", xmScaleWidgetClass, form, XmNorientation, XmHORIZONTAL,
+                         XmNslidingMode, XmTHERMOMETER, XmNeditable, False, XmNrightAttachment,
+                         XmATTACH_FORM, XmNtopAttachment, XmATTACH_FORM, XmNtopOffset, 3, nullptr);
     status_ = XtVaCreateManagedWidget("status", xmLabelWidgetClass, form, XmNlabelString,
                                       nothing.Get(), XmNalignment, XmALIGNMENT_BEGINNING,
                                       XmNrecomputeSize, False, nullptr);
