@@ -22,6 +22,7 @@
 #include <tests/support/CallbackLog.h>
 #include <tests/support/Complaints.h>
 #include <tests/support/DisplayTest.h>
+#include <tests/support/Editres.h>
 #include <tests/support/Input.h>
 #include <tests/support/Picture.h>
 #include <tests/support/Random.h>
