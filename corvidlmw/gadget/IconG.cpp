@@ -9,6 +9,7 @@
 #include <Xm/RepType.h>
 #include <Xm/RowColumnP.h>
 #include <Xm/TraitP.h>
+#include <Xm/TransferT.h>
 
 #include <cstddef>
 
@@ -277,6 +278,15 @@ XmMenuSavvyTraitRec menu_savvy = {
     .getActivateCBName = NoCallbackName,
 };
 
+// What is dragged from the gadget: its label, read from the mirror.
+XmTransferTraitRec transfer = {
+    .version = 0,
+    .convertProc =
+        [](Widget w, XtPointer client_data, XtPointer data) {
+            _XmLabelConvert(w, client_data, static_cast<XmConvertCallbackStruct *>(data));
+        },
+};
+
 // The toolkit looks for quarks in the table of units. It puts them there for the first gadget class of a
 // program only, which has just been the label gadget's.
 void PrepareUnits() {
@@ -295,6 +305,7 @@ void ClassPartInitialize(WidgetClass widget_class) {
     InheritExtension(widget_class);
     SetFastSubclass(widget_class, XmLABEL_GADGET_BIT);
     XmeTraitSet(widget_class, XmQTmenuSavvy, &menu_savvy);
+    XmeTraitSet(widget_class, XmQTtransfer, &transfer);
 }
 
 XmMenuProc &MenuProcOf(Widget w) {

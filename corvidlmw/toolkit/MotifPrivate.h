@@ -155,6 +155,8 @@ void _XmFocusInGadget(Widget w, XEvent *event, String *params, Cardinal *num_par
 void _XmFocusOutGadget(Widget w, XEvent *event, String *params, Cardinal *num_params);
 // Takes `w` for a label gadget.
 void _XmProcessDrag(Widget w, XEvent *event, String *params, Cardinal *num_params);
+// Gives the label of what is laid out as a label gadget, or its picture, to who asks for it.
+void _XmLabelConvert(Widget w, XtPointer client_data, XmConvertCallbackStruct *data);
 // Calls the help callbacks of `w`, or of the next parent that has some.
 void _XmSocorro(Widget w, XEvent *event, String *params, Cardinal *num_params);
 

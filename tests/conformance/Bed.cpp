@@ -1,6 +1,7 @@
 #include <tests/conformance/Bed.h>
 
 #include <Xm/BulletinB.h>
+#include <Xm/List.h>
 #include <Xm/PushB.h>
 
 namespace corvidlmw::test {
@@ -32,7 +33,13 @@ void Bed::Make(const Settings &settings, const Settings &of_board) {
     SetResource("*fontList: fixed");
     board = MakeBy(XmCreateBulletinBoard, shell, "board", of_board);
     before = MakeBy(XmCreatePushButton, board, "before", {{XmNx, 10}, {XmNy, 10}});
-    Settings all = {{XmNx, 10}, {XmNy, 60}, {XmNwidth, 200}, {XmNheight, 150}};
+    // Of the size that it is given, where the class lets it be.
+    Settings all = {{XmNx, 10},
+                    {XmNy, 60},
+                    {XmNwidth, 200},
+                    {XmNheight, 150},
+                    {XmNresizePolicy, XmRESIZE_NONE},
+                    {XmNlistSizePolicy, XmCONSTANT}};
     all.insert(all.end(), settings.begin(), settings.end());
     subject = MakeBy(create, board, "subject", all);
     after = MakeBy(XmCreatePushButton, board, "after", {{XmNx, 10}, {XmNy, 300}});
@@ -47,8 +54,8 @@ void Bed::ShowTraversable(const Settings &settings) {
     Pump();
 }
 
-Picture Bed::Look() const {
-    return Picture::Of(pair->has_place ? subject : XtParent(subject));
+Widget Bed::Canvas() const {
+    return pair->is_line ? XtParent(subject) : subject;
 }
 
 // In the window that the subject is on.

@@ -26,8 +26,8 @@ struct Pair {
     Creator ours;
     WidgetClass toolkits_class;
     Creator toolkits;
-    // Whether an instance is a rectangle of the screen that can be pointed at.
-    bool has_place = true;
+    // A line from one place to another, drawn by the manager that it is in.
+    bool is_line = false;
 };
 
 extern const std::vector<Pair> pairs;
@@ -67,13 +67,15 @@ protected:
     void ShowTraversable(const Settings &settings = {});
 
     // What is on the screen of the subject, or all around it where it is but a line.
-    Picture Look() const;
+    Widget Canvas() const;
+    Picture Look() const { return Picture::Of(Canvas()); }
     XPoint Middle() const;
     // The protocol has 32 bits for an address.
     bool EditresCanName() const;
     EditresStream Ask(EditresCommand command, const EditresStream &question);
     Settings Measures() const;
     void NoteMeasures();
+    void NoteHalves(const std::string &where);
     void NoteColours(const std::vector<std::pair<const char *, Pixel>> &old);
     void NoteHelp(const std::vector<Widget> &helpers);
     void NoteSteps();

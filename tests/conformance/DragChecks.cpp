@@ -52,7 +52,7 @@ void Bed::TakesADrop() {
 }
 
 void Bed::IsDragged() {
-    Make({}, {});
+    Make({{XmNmarginWidth, 20}, {XmNmarginHeight, 20}});
     Widget text = XtVaCreateManagedWidget("text", xmTextWidgetClass, board, XmNx, 300, XmNeditMode,
                                           XmMULTI_LINE_EDIT, XmNrows, 10, XmNcolumns, 30, nullptr);
     Widget toolkit = XmGetXmDisplay(display);
@@ -68,7 +68,10 @@ void Bed::IsDragged() {
         return copy;
     };
     const XPoint origin = OriginInWindow(subject);
-    const XPoint from = {static_cast<short>(origin.x + 20), static_cast<short>(origin.y + 10)};
+    // On a manager itself, in its margin.
+    const int inset = XtIsComposite(subject) ? 1 : 12;
+    const XPoint from = {static_cast<short>(origin.x + inset),
+                         static_cast<short>(origin.y + inset)};
     DragAndDrop(subject, from, text, {40, 40}, Button2,
                 [&] { return starts.empty() || content() != ""; });
     Note("drags", static_cast<long>(starts.size()));

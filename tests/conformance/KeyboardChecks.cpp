@@ -88,7 +88,7 @@ void Bed::TraversalByFunction() {
 
 void Bed::NoteClick() {
     XmProcessTraversal(before, XmTRAVERSE_CURRENT);
-    if (!pair->has_place)
+    if (pair->is_line)
         return;
     Click(subject, 30, 10);
     Note("after a click", Focus());
@@ -126,11 +126,13 @@ void Bed::FocusLooks() {
         Pump();
         Note(when, Look().Count(colour) > 0);
     };
+    const Picture without = Look();
     note("1 elsewhere");
     XmProcessTraversal(subject, XmTRAVERSE_CURRENT);
     note("2 here");
-    XClearArea(display, WindowOf(subject), 0, 0, 0, 0, True);
+    XClearArea(display, WindowOf(Canvas()), 0, 0, 0, 0, True);
     note("3 here, exposed");
+    Note("looks different", !(Look() == without));
     XmProcessTraversal(after, XmTRAVERSE_CURRENT);
     note("4 gone");
 }

@@ -2,7 +2,7 @@
 
 #include <tests/conformance/Bed.h>
 
-#include <cstring>
+#include <Xm/GadgetP.h>
 
 namespace corvidlmw::test {
 
@@ -11,6 +11,15 @@ namespace {
 bool IsMeasure(const XtResource &resource) {
     const std::string type = resource.resource_type;
     return type.ends_with("Dimension") || type.ends_with("Position");
+}
+
+// The toolkit's label gadget leaves the variable of who asks for the resource as it was.
+XmDirection DirectionOf(Widget w) {
+    if (XmIsGadget(w))
+        return reinterpret_cast<XmGadget>(w)->gadget.layout_direction;
+    XmDirection direction = 0;
+    XtVaGetValues(w, XmNlayoutDirection, &direction, nullptr);
+    return direction;
 }
 
 } // namespace
@@ -53,37 +62,48 @@ void Bed::UnitsAfterwards() {
 void Bed::LayoutDirection() {
     Make({}, {{XmNlayoutDirection, XmRIGHT_TO_LEFT}});
     Show();
-    Note("inherited", Get<XmDirection>(subject, XmNlayoutDirection));
+    Note("inherited", DirectionOf(subject));
     Note("inherited, of strings", Get<unsigned char>(subject, XmNstringDirection));
     Set(subject, {{XmNlayoutDirection, XmLEFT_TO_RIGHT}});
-    Note("set afterwards", Get<XmDirection>(subject, XmNlayoutDirection));
+    Note("set afterwards", DirectionOf(subject));
     XtDestroyWidget(board);
     Make({{XmNlayoutDirection, XmRIGHT_TO_LEFT_TOP_TO_BOTTOM}});
     Pump();
-    Note("of its own", Get<XmDirection>(subject, XmNlayoutDirection));
+    Note("of its own", DirectionOf(subject));
 }
 
-// Which half the foreground, the children and a bar's beginning are in.
+// Which half of the subject something from one place to another is in.
+const char *HalfOf(int from, int to, int width) {
+    return from >= width / 2 ? "right" : to <= width / 2 ? "left" : "both";
+}
+
+// Of its own alone, and in a parent that is so too.
 void Bed::RightToLeftLooks() {
-    const Pixel ink = Colour("blue");
-    Settings settings = {{XmNlayoutDirection, XmRIGHT_TO_LEFT}, {XmNforeground, ink}};
+    for (XmDirection of_board : {XmLEFT_TO_RIGHT, XmRIGHT_TO_LEFT}) {
+        const char *where = of_board == XmRIGHT_TO_LEFT ? ", as its parent" : ", alone";
+        Settings settings = {{XmNlayoutDirection, XmRIGHT_TO_LEFT},
+                             {XmNforeground, Colour("blue")}};
+        if (SharedResources().contains(XmNprocessingDirection))
+            settings.emplace_back(XmNorientation, XmHORIZONTAL);
+        Make(settings, {{XmNlayoutDirection, of_board}});
+        Show();
+        NoteHalves(where);
+        XtDestroyWidget(board);
+    }
+}
+
+void Bed::NoteHalves(const std::string &where) {
     if (SharedResources().contains(XmNprocessingDirection))
-        settings.emplace_back(XmNorientation, XmHORIZONTAL);
-    Make(settings);
-    Show();
-    if (SharedResources().contains(XmNprocessingDirection))
-        Note("processing", Get<unsigned char>(subject, XmNprocessingDirection));
-    const auto box = Look().Box(ink);
-    const auto half = [](int from, int to, int all) {
-        return from >= all / 2 ? "right" : to <= all / 2 ? "left" : "both";
-    };
+        Note("processing" + where, Get<unsigned char>(subject, XmNprocessingDirection));
+    const auto box = Look().Box(Colour("blue"));
     const int width = Get<Dimension>(subject, XmNwidth);
-    Note("ink", box ? half(box->x, box->x + box->width, width) : "none");
+    Note("ink" + where, box ? HalfOf(box->x, box->x + box->width, width) : "none");
     if (!XtIsComposite(subject))
         return;
-    for (const char *child : {"one", "two"})
-        if (Widget w = XtNameToWidget(subject, child))
-            Note(child, half(w->core.x, w->core.x + w->core.width, width));
+    for (const char *child : {"one", "two"}) {
+        Widget w = XtNameToWidget(subject, child);
+        Note(child + where, HalfOf(w->core.x, w->core.x + w->core.width, width));
+    }
 }
 
 } // namespace corvidlmw::test
