@@ -117,6 +117,7 @@ bool ComesBefore(Column column, const Entry &a, const Entry &b) {
     return a.name < b.name;
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the tree that was read
 void AppendSorted(Column column, std::span<const Entry> entries, std::vector<Entry> &sorted) {
     std::vector<Branch> branches = BranchesOf(entries);
     std::stable_sort(branches.begin(), branches.end(), [column](Branch a, Branch b) {

@@ -70,7 +70,7 @@ std::string StateText(const FileList &files) {
 
 } // namespace
 
-FileWindow::FileWindow(Widget shell, std::filesystem::path directory)
+FileWindow::FileWindow(Widget shell, const std::filesystem::path &directory)
     : shell_(shell), form_(XtVaCreateWidget("form", xmFormWidgetClass, shell, nullptr)),
       buttons_(CreateButtons(form_)),
       up_(XtVaCreateManagedWidget("up", xmPushButtonWidgetClass, buttons_, nullptr)),
@@ -85,7 +85,7 @@ FileWindow::FileWindow(Widget shell, std::filesystem::path directory)
     XtAddCallback(sort_, XmNactivateCallback, SortPressed, this);
     files_->WhenChanged([this] { TellState(); });
     files_->WhenOpened([this](const Entry &entry) { Open(entry); });
-    OpenDirectory(std::move(directory));
+    OpenDirectory(directory);
     XtVaSetValues(form_, XmNinitialFocus, XtParent(files_->list()), nullptr);
     XtManageChild(form_);
 }

@@ -11,7 +11,7 @@ namespace file_list {
 
 class FileWindow {
 public:
-    FileWindow(Widget shell, std::filesystem::path directory);
+    FileWindow(Widget shell, const std::filesystem::path &directory);
     ~FileWindow();
     FileWindow(const FileWindow &) = delete;
     FileWindow &operator=(const FileWindow &) = delete;
