@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <atomic>
 #include <clocale>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -33,28 +34,38 @@ bool HasComeUp(Widget widget) {
            attributes.map_state == IsViewable;
 }
 
-// Xt tells when it is about to wait, which is when nothing is due any more.
-struct IdleWatch {
-    Display *display;
-    bool idle = false;
-    XtBlockHookId hook;
-
-    IdleWatch(XtAppContext app, Display *any_display)
-        : display(any_display), hook(XtAppAddBlockHook(app, NoteIdle, this)) {}
-    ~IdleWatch() { XtRemoveBlockHook(hook); }
+// Xt tells when it is about to wait, which is when nothing is due any more. Each context gets one hook for
+// good: Xt keeps some memory for each that is taken back.
+class IdleWatch {
+public:
+    IdleWatch(XtAppContext app, Display *any_display) : display(any_display) {
+        static std::set<XtAppContext> hooked;
+        if (hooked.insert(app).second)
+            XtAppAddBlockHook(app, NoteIdle, nullptr);
+        current = this;
+    }
+    ~IdleWatch() { current = nullptr; }
     IdleWatch(const IdleWatch &) = delete;
     IdleWatch &operator=(const IdleWatch &) = delete;
 
+    bool idle = false;
+
+private:
     // An event that means nothing to anybody keeps Xt from waiting.
-    static void NoteIdle(XtPointer closure) {
-        auto *watch = static_cast<IdleWatch *>(closure);
-        watch->idle = true;
+    static void NoteIdle(XtPointer) {
+        if (!current)
+            return;
+        current->idle = true;
+        Display *display = current->display;
         XEvent event{};
         event.xnoexpose.type = NoExpose;
-        event.xnoexpose.display = watch->display;
-        event.xnoexpose.drawable = DefaultRootWindow(watch->display);
-        XPutBackEvent(watch->display, &event);
+        event.xnoexpose.display = display;
+        event.xnoexpose.drawable = DefaultRootWindow(display);
+        XPutBackEvent(display, &event);
     }
+
+    static inline IdleWatch *current = nullptr;
+    Display *display;
 };
 
 struct Deadline {
