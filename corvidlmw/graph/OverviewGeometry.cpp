@@ -89,11 +89,15 @@ std::array<Segment, 4> LowerRightLines(const Rectangle &frame) {
     }};
 }
 
+// A frame that is thinner than its lines has some of them beside it.
 bool TouchesFrame(const Rectangle &frame, const Rectangle &r) {
     const int right = frame.x + frame.width;
     const int bottom = frame.y + frame.height;
-    const bool beside =
-        r.x > right || r.y > bottom || r.x + r.width <= frame.x || r.y + r.height <= frame.y;
+    const int lines = 2;
+    const bool beside = r.x > std::max(right, frame.x + lines) ||
+                        r.y > std::max(bottom, frame.y + lines) ||
+                        r.x + r.width <= std::min(frame.x, right - lines) ||
+                        r.y + r.height <= std::min(frame.y, bottom - lines);
     const bool within =
         r.x > frame.x + 1 && r.y > frame.y + 1 && r.x + r.width < right && r.y + r.height < bottom;
     return !beside && !within;

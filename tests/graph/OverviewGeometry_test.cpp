@@ -65,6 +65,14 @@ TEST(OverviewGeometry, TheFrameStaysInTheWindow) {
         EXPECT_EQ(KeepInside(example.before, window), example.after);
 }
 
+TEST(OverviewGeometry, AThinFrameReachesOutOfItself) {
+    const Rectangle flat = {10, 20, 40, 0};
+    EXPECT_TRUE(TouchesFrame(flat, {30, 21, 1, 1})) << "its second line";
+    EXPECT_TRUE(TouchesFrame(flat, {30, 19, 1, 1})) << "its last but one";
+    EXPECT_FALSE(TouchesFrame(flat, {30, 23, 1, 1}));
+    EXPECT_FALSE(TouchesFrame(flat, {51, 20, 1, 1}));
+}
+
 // Each pixel of an edge of two pixels once: the upper left half of the corners belongs to the upper left
 // lines.
 TEST(OverviewGeometry, TheLinesMakeAMitredFrame) {
