@@ -27,3 +27,9 @@ if(CORVIDLMW_SANITIZE)
     add_compile_options(-Wno-conversion)
     add_link_options(${sanitizers})
 endif()
+
+# Counts the branches taken in what is fuzzed; the fuzzers themselves link the engine.
+if(CORVIDLMW_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+    add_link_options(-fsanitize=fuzzer-no-link)
+endif()

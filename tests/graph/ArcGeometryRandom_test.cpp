@@ -2,6 +2,7 @@
 // arcs are computed; the tolerances are what the arcs' cuts and integer halves may take away.
 #include <corvidlmw/graph/ArcGeometry.h>
 
+#include <tests/graph/PlainGeometry.h>
 #include <tests/graph/PrintGeometry.h>
 #include <tests/support/Random.h>
 
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <cstdlib>
 #include <string>
 
@@ -17,43 +17,7 @@ namespace corvidlmw::arc {
 namespace {
 
 using test::Random;
-
-// ---- Plain geometry ---------------------------------------------------------------------------
-
-using Vector = std::complex<double>;
-
-// To the right of `a` where y grows downward.
-Vector Across(Vector a) {
-    return a * Vector(0, 1);
-}
-Vector V(Point point) {
-    return Vector(point.x, point.y);
-}
-Vector CentreOf(const Rectangle &box) {
-    return Vector(box.x + box.width / 2.0, box.y + box.height / 2.0);
-}
-
-// By de Casteljau.
-Vector OnCurve(const Segment &ends, Point control, double t) {
-    const auto between = [t](Vector a, Vector b) { return a + t * (b - a); };
-    return between(between(V(ends.start), V(control)), between(V(control), V(ends.end)));
-}
-
-bool Inside(const Polygon &polygon, Vector at) {
-    bool inside = false;
-    for (int i = 0; i < polygon.count; ++i) {
-        const Vector a = V(polygon.points[static_cast<std::size_t>(i)]) - at;
-        const Vector b = V(polygon.points[static_cast<std::size_t>((i + 1) % polygon.count)]) - at;
-        if ((a.imag() > 0) != (b.imag() > 0) &&
-            a.real() > a.imag() / (b.imag() - a.imag()) * (b.real() - a.real()))
-            inside = !inside;
-    }
-    return inside;
-}
-bool Inside(const PickShape &shape, Vector at) {
-    return std::any_of(shape.polygons.begin(), shape.polygons.begin() + shape.count,
-                       [at](const Polygon &polygon) { return Inside(polygon, at); });
-}
+using namespace plain;
 
 Rectangle RandomBox(Random &random, int reach, int largest) {
     return {random.Between(-reach, reach), random.Between(-reach, reach),

@@ -2,6 +2,7 @@
 // from row to row where the first divides.
 #include <corvidlmw/list/RowGeometry.h>
 
+#include <tests/list/RowWalk.h>
 #include <tests/support/Random.h>
 
 #include <array>
@@ -20,7 +21,7 @@ static std::ostream &operator<<(std::ostream &out, const Point &p) {
 namespace list {
 namespace {
 
-using test::Random;
+using test::Random, test::RowAtByWalking;
 
 // 200 by 100, margins 2 and 0, highlight 2 and shadow 2: rows begin at 7, 5.
 const Frame frame{.width = 200,
@@ -113,21 +114,6 @@ TEST(RowGeometry, NothingIsNegativeInAWidgetWithoutRoom) {
 }
 
 // ---- Against a second computation -------------------------------------------------------------------
-
-// From the running heights of all rows in 16 bits, row by row.
-int RowAtByWalking(const Hits &hits, const std::vector<unsigned short> &heights, int y) {
-    if (y <= hits.base_y)
-        return hits.top ? -1 : 0;
-    if (y > hits.height && hits.top + hits.visible >= hits.count)
-        return hits.count - 1;
-    if (y >= hits.height - hits.base_y)
-        return hits.count + 1;
-    const auto at = [&](int row) { return heights[static_cast<std::size_t>(row)]; };
-    for (int row = hits.top; row < hits.count; row++)
-        if (y <= RowY(at(row), at(hits.top), hits.base_y) + hits.max_item_height)
-            return row;
-    return hits.count;
-}
 
 TEST(RowGeometry, PicksTheRowInEveryRegionOfALongList) {
     Random random;

@@ -1,24 +1,16 @@
-// The arithmetic of XmGrid against a second computation, on random rows of slots. That one keeps sums
-// in 16 bits where the first keeps wide ones, and divides by counting instead of truncating.
+// The arithmetic of XmGrid against a second computation, on random rows of slots.
 #include <corvidlmw/managers/GridGeometry.h>
 
+#include <tests/managers/GridModel.h>
 #include <tests/support/Random.h>
 
-#include <array>
-#include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 namespace corvidlmw::grid {
 namespace {
 
 using test::Random;
-
-struct Axis {
-    std::vector<XmGridSlot> slots;
-    std::vector<int> largest;
-    int extent = 0;
-};
+using namespace grid_model;
 
 // Small numbers, or any that the fields hold.
 int Any(Random &random, int small, int limit) {
@@ -38,23 +30,12 @@ Axis RandomAxis(Random &random) {
     return axis;
 }
 
-std::vector<std::array<int, 3>> Numbers(ConstSlots slots) {
-    std::vector<std::array<int, 3>> numbers;
-    for (const XmGridSlot &slot : slots)
-        numbers.push_back({slot.resizability, slot.margin, slot.size});
-    return numbers;
-}
-
 TEST(GridGeometry, NaturalExtentIsTheSumOfAllModulo65536AndNeverNothing) {
     Random random;
     for (int round = 0; round < 5000; ++round) {
         const Axis axis = RandomAxis(random);
         const int frame = Any(random, 20, 200000);
-        auto sum = static_cast<uint16_t>(frame);
-        for (size_t i = 0; i < axis.slots.size(); ++i)
-            for (const int part : {axis.largest[i], +axis.slots[i].margin, +axis.slots[i].margin})
-                sum = static_cast<uint16_t>(sum + part);
-        ASSERT_EQ(NaturalExtent(axis.slots, axis.largest, frame), sum == 0 ? 1 : sum);
+        ASSERT_EQ(NaturalExtent(axis.slots, axis.largest, frame), ExpectedExtent(axis, frame));
     }
     const XmGridSlot bare = {100, 0, 0};
     const int none = 0;
@@ -67,25 +48,7 @@ TEST(GridGeometry, WeightsAreNaturalExtentsAndEmptySlotsShareWhatIsLeft) {
     for (int round = 0; round < 5000; ++round) {
         Axis axis = RandomAxis(random);
         const int frame = Any(random, 20, 2000);
-        auto expected = axis.slots;
-        long left = axis.extent - frame;
-        std::vector<XmGridSlot *> empty;
-        for (size_t i = 0; i < expected.size(); ++i) {
-            left -= 2 * expected[i].margin;
-            if (expected[i].resizability == 0)
-                continue;
-            left -= axis.largest[i];
-            expected[i].size = 0;
-            expected[i].resizability = axis.largest[i];
-            if (axis.largest[i] == 0)
-                empty.push_back(&expected[i]);
-        }
-        int share = 0;
-        while ((share + 1L) * static_cast<long>(empty.size()) <= left && !empty.empty())
-            ++share;
-        for (XmGridSlot *slot : empty)
-            slot->resizability = share == 0 ? 1 : share;
-
+        const auto expected = ExpectedWeights(axis, frame);
         DeriveWeights(axis.slots, axis.largest, axis.extent, frame);
         ASSERT_EQ(Numbers(axis.slots), Numbers(expected)) << "round " << round;
     }
@@ -95,22 +58,7 @@ TEST(GridGeometry, FixedSlotsGetTheirChildrenAndTheOthersShareByWeight) {
     Random random;
     for (int round = 0; round < 5000; ++round) {
         Axis axis = RandomAxis(random);
-        auto expected = axis.slots;
-        long weights = 0, used = 0;
-        for (size_t i = 0; i < expected.size(); ++i) {
-            const bool fixed = expected[i].resizability == 0;
-            expected[i].size = static_cast<uint16_t>(fixed ? axis.largest[i] : 0);
-            used += expected[i].size + expected[i].margin + expected[i].margin;
-            weights += expected[i].resizability;
-        }
-        const long extra = used < axis.extent ? axis.extent - used : 0;
-        for (XmGridSlot &slot : expected)
-            if (slot.resizability != 0 && weights != 0) {
-                const long share = std::labs(slot.resizability) * extra / std::labs(weights);
-                const bool opposed = (slot.resizability < 0) != (weights < 0);
-                slot.size = static_cast<uint16_t>(opposed ? 65536 * share - share : share);
-            }
-
+        const auto expected = ExpectedShares(axis);
         ShareExtent(axis.slots, axis.largest, axis.extent);
         ASSERT_EQ(Numbers(axis.slots), Numbers(expected)) << "round " << round;
     }

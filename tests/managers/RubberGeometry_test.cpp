@@ -1,16 +1,17 @@
 // The line of a rubber board's child, by hand and against a second computation.
 #include <corvidlmw/managers/RubberGeometry.h>
 
+#include <tests/managers/RubberModel.h>
 #include <tests/support/Random.h>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <cstdlib>
 
 namespace corvidlmw::managers {
 namespace {
 
-using test::Random;
+using test::Random, test::InSteps;
 
 TEST(RubberGeometry, TheLineGoesThroughBothMarksAndBeyond) {
     EXPECT_EQ(Stretch({10, 200}, {30, 400}, 300), 20);
@@ -29,20 +30,6 @@ TEST(RubberGeometry, OnlyTheLow16BitsOfAnExtentCount) {
     // Past the range of an int.
     EXPECT_EQ(StretchExtent({65535, 65535}, {0, 65534}, 0, 42),
               CutToDimension(-2147483647 - 1) + 42);
-}
-
-// Each step in double, which holds sum, product and quotient of two floats so exactly that rounding
-// them to float once more gives what float arithmetic gives.
-int InSteps(RubberMark a, RubberMark b, int extent) {
-    const auto rounded = [](double value) {
-        return static_cast<double>(static_cast<float>(value));
-    };
-    if (a.extent == b.extent)
-        return a.value;
-    const double slope = rounded((b.value - a.value) / static_cast<double>(b.extent - a.extent));
-    const double at_zero = rounded(a.value - rounded(a.extent * slope));
-    const double result = rounded(rounded(slope * extent) + at_zero);
-    return static_cast<int>(std::fmin(std::fmax(result, -2147483648.0), 2147483647.0));
 }
 
 TEST(RubberGeometry, RandomLinesAreRoundedToSinglePrecisionAtEachStep) {

@@ -1,4 +1,5 @@
 #include <corvidlmw/scrollbar/ScrollBarGeometry.h>
+#include <tests/scrollbar/ScrollBarModel.h>
 #include <tests/support/Random.h>
 
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@ namespace scroll_bar {
 namespace {
 
 using test::Random;
+using namespace scroll_bar_model;
 
 // ---- Layout -------------------------------------------------------------------------------------
 
@@ -48,10 +50,6 @@ TEST(ScrollBarGeometry, LaysOutSizesWithAndWithoutRoom) {
     }
 }
 
-Rectangle Transposed(const Rectangle &r) {
-    return {r.y, r.x, r.height, r.width};
-}
-
 // ---- Slider -------------------------------------------------------------------------------------
 
 Range RandomRange(Random &random) {
@@ -66,31 +64,6 @@ Range RandomRange(Random &random) {
     range.slider_size =
         random.Chance(0.5) ? random.Between(1, std::min(extent, 50)) : random.Between(1, extent);
     return range;
-}
-
-// One operation in double precision and one rounding is the same as one in single precision.
-double Single(double x) {
-    volatile float rounded = static_cast<float>(x);
-    return rounded;
-}
-
-int ToPixels(double x) {
-    return static_cast<int>(std::min(x + 0.5, 2147483647.0));
-}
-
-Rectangle ExpectedSlider(const Rectangle &trough, const Range &r, int value) {
-    const double extent = Single(double(r.maximum) - r.minimum);
-    double factor = Single(trough.width / extent);
-    int length = ToPixels(Single(Single(r.slider_size) * factor));
-    if (length <= 6) {
-        const double way = Single(double(r.maximum) - r.minimum - r.slider_size);
-        length = 6;
-        factor = Single(Single(trough.width - 6.0) / (way == 0 ? 1.0 : way));
-    }
-    int x = trough.x + ToPixels(Single(Single(double(value) - r.minimum) * factor));
-    if (x + length > trough.x + trough.width)
-        x = trough.x + trough.width - length;
-    return {x, trough.y, length, trough.height};
 }
 
 TEST(ScrollBarGeometry, TheSliderStandsWhereASecondComputationPutsIt) {
@@ -130,13 +103,8 @@ TEST(ScrollBarGeometry, APlaceMeansTheValueThatASecondComputationGives) {
         const Rectangle slider = SliderAt(trough, {true}, range, range.minimum);
         const int start = random.Between(-2000, 4000);
         const int room = trough.width - slider.width;
-        const double share = room > 0 ? Single((start - 13.0) / room) : 1.0;
-        const double way = Single(double(range.Highest()) - range.minimum);
-        double value = Single(Single(range.minimum) + Single(way * share));
-        value = Single(value + (value > 0 ? 0.5 : value < 0 ? -0.5 : 0));
-        const double held = std::clamp(std::trunc(value), double(INT_MIN), double(INT_MAX));
-        const auto expected = std::clamp<double>(held, range.minimum, range.Highest());
-        ASSERT_EQ(ValueAt(trough, slider, {true}, range, 13, start), static_cast<int>(expected));
+        ASSERT_EQ(ValueAt(trough, slider, {true}, range, 13, start),
+                  ExpectedValue(trough, slider, range, 13, start));
         const int fitted = FitSlider(trough, slider, {true}, start);
         ASSERT_EQ(fitted, std::min(std::max(start, 14), 14 + room));
     }

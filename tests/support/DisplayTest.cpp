@@ -164,7 +164,7 @@ void DisplayTest::Show(Widget any_shell) {
 
 // An answer to what the dispatched events made the client send may come with the second round trip
 // only: another client's (the robot's) work lies between.
-void DisplayTest::Pump() {
+void PumpEvents(XtAppContext app, Display *display) {
     for (int quiet_trips = 0; quiet_trips < 2; ++quiet_trips) {
         interpose::SyncUnseen(display);
         while (XEventsQueued(display, QueuedAlready) > 0) {
@@ -172,6 +172,17 @@ void DisplayTest::Pump() {
             quiet_trips = -1;
         }
     }
+}
+
+void RunAllDue(XtAppContext app, Display *display) {
+    PumpEvents(app, display);
+    for (IdleWatch watch(app, display); !watch.idle;)
+        XtAppProcessEvent(app, XtIMAll);
+    PumpEvents(app, display);
+}
+
+void DisplayTest::Pump() {
+    PumpEvents(app, display);
 }
 
 bool DisplayTest::PumpUntil(const std::function<bool()> &predicate,
@@ -187,10 +198,7 @@ bool DisplayTest::PumpUntil(const std::function<bool()> &predicate,
 }
 
 void DisplayTest::RunWorkProcs() {
-    Pump();
-    for (IdleWatch watch(app, display); !watch.idle;)
-        XtAppProcessEvent(app, XtIMAll);
-    Pump();
+    RunAllDue(app, display);
 }
 
 // ---- Input ---------------------------------------------------------------------

@@ -34,6 +34,11 @@ struct Client {
 // A shell at 0, 0 that overrides redirection: there is no window manager.
 Widget MakeShell(Display *display, const char *shell_name, int width, int height);
 
+// Dispatches X events until the server has no more for us. Timers and work procedures stay.
+void PumpEvents(XtAppContext app, Display *display);
+// Runs everything that is due: events, elapsed timers, and work procedures until none is left.
+void RunAllDue(XtAppContext app, Display *display);
+
 class DisplayTest : public ::testing::Test {
 protected:
     explicit DisplayTest(int width = 640, int height = 480) : width_(width), height_(height) {}
@@ -54,13 +59,12 @@ protected:
     void Show() { Show(shell); }
     void Show(Widget any_shell);
 
-    // Dispatches X events until the server has no more for us. Timers and work procedures stay.
+    // PumpEvents and RunAllDue of this test's client.
     void Pump();
     // Runs events, timers and work procedures until the predicate holds; false after the timeout,
     // which is there only for tests that fail.
     bool PumpUntil(const std::function<bool()> &predicate,
                    std::chrono::milliseconds timeout = std::chrono::seconds(10));
-    // Runs everything that is due: events, elapsed timers, and work procedures until none is left.
     void RunWorkProcs();
 
     // Real input, through the server. Coordinates are the widget's (or gadget's) own. Each call is
