@@ -96,8 +96,8 @@ struct ToolkitLeaksCommand {
 // then the client takes it and offers the answer.
 class Asker {
 public:
-    explicit Asker(const std::function<void()> &pump)
-        : pump_(pump),
+    Asker(Time time, const std::function<void()> &pump)
+        : pump_(pump), time_(time),
           window_(XCreateSimpleWindow(robot_, DefaultRootWindow(robot_), 0, 0, 1, 1, 0, 0, 0)) {}
     ~Asker() {
         XDestroyWindow(robot_, window_);
@@ -107,7 +107,7 @@ public:
     Asker &operator=(const Asker &) = delete;
 
     // Each ask bears a number, so that the client does not take one for another.
-    std::vector<uint8_t> Ask(Widget shell, EditresCommand command, const EditresStream &question) {
+    std::vector<uint8_t> Ask(Window shell, EditresCommand command, const EditresStream &question) {
         static uint8_t number = 0;
         EditresStream message;
         message.Put(++number, 1).Put(static_cast<uint8_t>(command), 1);
@@ -117,6 +117,9 @@ public:
         Announce(shell, number);
         return HandOver(bytes) ? Fetch() : std::vector<uint8_t>();
     }
+
+    // When the client took the selection.
+    Time time() const { return time_; }
 
 private:
     Atom Intern(const char *name) { return XInternAtom(robot_, name, False); }
@@ -131,20 +134,19 @@ private:
     }
 
     // Not with the server's present time: the client takes the selection with the time of an earlier event.
-    void Announce(Widget shell, uint8_t number) {
-        time_ = XtLastTimestampProcessed(XtDisplay(shell));
+    void Announce(Window shell, uint8_t number) {
         EXPECT_NE(time_, Time{CurrentTime}) << "the client has not seen an event with a time";
         XSetSelectionOwner(robot_, channel_, window_, time_);
         XEvent event{};
         event.xclient = {.type = ClientMessage,
-                         .window = XtWindow(shell),
+                         .window = shell,
                          .message_type = Intern("Editres"),
                          .format = 32};
         constexpr long protocol = 5;
         const long data[] = {static_cast<long>(time_), static_cast<long>(channel_), number,
                              protocol};
         std::copy(std::begin(data), std::end(data), event.xclient.data.l);
-        XSendEvent(robot_, XtWindow(shell), False, NoEventMask, &event);
+        XSendEvent(robot_, shell, False, NoEventMask, &event);
     }
 
     bool HandOver(const std::vector<uint8_t> &bytes) {
@@ -164,7 +166,10 @@ private:
                              .time = request.time};
         XSendEvent(robot_, request.requestor, False, NoEventMask, &notice);
         const ToolkitLeaksCommand leak;
-        return Await(SelectionClear, event);
+        if (!Await(SelectionClear, event))
+            return false;
+        time_ = event.xselectionclear.time;
+        return true;
     }
 
     std::vector<uint8_t> Fetch() {
@@ -185,17 +190,19 @@ private:
     }
 
     const std::function<void()> &pump_;
+    Time time_;
     Display *robot_ = XServer::Instance().robot();
     Window window_;
     Atom channel_ = Intern("EditresComm");
-    Time time_ = CurrentTime;
 };
 
 } // namespace
 
-EditresStream AskEditres(Widget shell, EditresCommand command, const EditresStream &question,
-                         const std::function<void()> &pump) {
-    auto bytes = Asker(pump).Ask(shell, command, question);
+EditresStream AskEditres(Window shell, Time &time, EditresCommand command,
+                         const EditresStream &question, const std::function<void()> &pump) {
+    Asker asker(time, pump);
+    auto bytes = asker.Ask(shell, command, question);
+    time = asker.time();
     if (bytes.size() < header_size) {
         ADD_FAILURE() << "an answer of " << bytes.size() << " bytes";
         return {};
@@ -203,6 +210,12 @@ EditresStream AskEditres(Widget shell, EditresCommand command, const EditresStre
     EXPECT_EQ(bytes[1], 0) << "the client could not do it";
     bytes.erase(bytes.begin(), bytes.begin() + header_size);
     return EditresStream(std::move(bytes));
+}
+
+EditresStream AskEditres(Widget shell, EditresCommand command, const EditresStream &question,
+                         const std::function<void()> &pump) {
+    Time time = XtLastTimestampProcessed(XtDisplay(shell));
+    return AskEditres(XtWindow(shell), time, command, question, pump);
 }
 
 } // namespace corvidlmw::test

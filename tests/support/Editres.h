@@ -58,6 +58,12 @@ uint32_t EditresId(Widget w);
 EditresStream AskEditres(Widget shell, EditresCommand command, const EditresStream &question,
                          const std::function<void()> &pump);
 
+// The same for a client of another process, by the window of its shell. `time` is one that is not later than
+// the last event with a time that the client has seen, and becomes the time of that event; `pump` returns
+// when something has come for the harness.
+EditresStream AskEditres(Window shell, Time &time, EditresCommand command,
+                         const EditresStream &question, const std::function<void()> &pump);
+
 } // namespace corvidlmw::test
 
 #endif

@@ -119,8 +119,9 @@ Picture Picture::Of(Widget object, XRectangle area) {
     return {read, std::move(pixels)};
 }
 
-Picture Picture::OfPixmap(Display *display, Pixmap pixmap) {
-    interpose::SyncUnseen(display);
+namespace {
+
+XRectangle AreaOf(Drawable drawable) {
     Window root = None;
     int x = 0;
     int y = 0;
@@ -128,11 +129,22 @@ Picture Picture::OfPixmap(Display *display, Pixmap pixmap) {
     unsigned int height = 0;
     unsigned int border = 0;
     unsigned int depth = 0;
-    XGetGeometry(XServer::Instance().robot(), pixmap, &root, &x, &y, &width, &height, &border,
+    XGetGeometry(XServer::Instance().robot(), drawable, &root, &x, &y, &width, &height, &border,
                  &depth);
-    const XRectangle area{0, 0, static_cast<unsigned short>(width),
-                          static_cast<unsigned short>(height)};
+    return {0, 0, static_cast<unsigned short>(width), static_cast<unsigned short>(height)};
+}
+
+} // namespace
+
+Picture Picture::OfPixmap(Display *display, Pixmap pixmap) {
+    interpose::SyncUnseen(display);
+    const XRectangle area = AreaOf(pixmap);
     return {area, ReadPixels(pixmap, area)};
+}
+
+Picture Picture::OfWindow(Window window) {
+    const XRectangle area = OnScreen(window, AreaOf(window));
+    return {area, ReadPixels(window, area)};
 }
 
 // ---- Asking --------------------------------------------------------------------------------
@@ -180,6 +192,24 @@ bool Picture::SavePng(const std::string &path) const {
     image.height = area_.height;
     image.format = PNG_FORMAT_RGB;
     return png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) != 0;
+}
+
+Picture Picture::FromPng(const std::string &path) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, path.c_str())) {
+        ADD_FAILURE() << path << ": " << image.message;
+        return {};
+    }
+    image.format = PNG_FORMAT_RGB;
+    std::vector<png_byte> bytes(PNG_IMAGE_SIZE(image));
+    png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr);
+    std::vector<uint32_t> pixels;
+    for (size_t i = 0; i + 2 < bytes.size(); i += 3)
+        pixels.push_back(uint32_t{bytes[i]} << 16 | uint32_t{bytes[i + 1]} << 8 | bytes[i + 2]);
+    return {
+        {0, 0, static_cast<unsigned short>(image.width), static_cast<unsigned short>(image.height)},
+        std::move(pixels)};
 }
 
 bool SavePng(Widget object, const std::string &path) {

@@ -28,6 +28,10 @@ public:
     static Picture Of(Widget object);
     static Picture Of(Widget object, XRectangle area);
     static Picture OfPixmap(Display *display, Pixmap pixmap);
+    // What is on the screen of a window, also of another process.
+    static Picture OfWindow(Window window);
+    // Of a PNG file; empty, and a failure of the test, if it cannot be read.
+    static Picture FromPng(const std::string &path);
 
     XRectangle area() const { return area_; }
     Pixel At(int x, int y) const;

@@ -1,0 +1,32 @@
+/* Shows a DOT file: main FILE */
+#include <stdio.h>
+
+#include <Xm/Xm.h>
+
+#include <corvidlmw/graph/Graph.h>
+
+#include "Dot.h"
+
+int main(int argc, char **argv) {
+    XtAppContext app;
+
+    XtSetLanguageProc(NULL, NULL, NULL);
+    Widget shell =
+        XtVaOpenApplication(&app, "Guide", NULL, 0, &argc, argv, NULL, applicationShellWidgetClass,
+                            XmNwidth, 400, XmNheight, 320, NULL);
+    if (argc != 2) {
+        fprintf(stderr, "usage: %s FILE\n", argv[0]);
+        return 2;
+    }
+    Agraph_t *data = ReadDot(argv[1]);
+    if (!data)
+        return 1;
+
+    Widget graph = XmCreateScrolledGraph(shell, "graph", NULL, 0);
+    ShowDot(graph, data, DressNode);
+    XtManageChild(graph);
+
+    XtRealizeWidget(shell);
+    XtAppMainLoop(app);
+    return 0;
+}
