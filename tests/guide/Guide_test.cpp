@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 // Of what is drawn on the background, so that an arc that is missing counts also in a window that is nearly
 // empty. Not every pixel need be the same: a text cursor blinks.
-constexpr double largest_difference = 0.03;
+constexpr double largest_difference = 0.01;
 
 Pixel MostFrequent(const Picture &picture) {
     const XRectangle area = picture.area();
