@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <unordered_map>
 
 namespace corvidlmw::icon_gadget {
 
@@ -59,8 +58,8 @@ struct Depths {
     std::optional<int> picture;
     std::optional<int> insensitive;
 };
-std::unordered_map<Widget, Depths> &OddDepths() {
-    static const Lasting<std::unordered_map<Widget, Depths>> depths;
+UnorderedMap<Widget, Depths> &OddDepths() {
+    static const Lasting<UnorderedMap<Widget, Depths>> depths;
     return *depths;
 }
 

@@ -2,8 +2,6 @@
 
 #include <corvidlmw/toolkit/Lasting.h>
 
-#include <unordered_map>
-
 namespace corvidlmw::icon_gadget {
 
 namespace {
@@ -19,7 +17,7 @@ auto BodyOf(XmFontList fonts) {
     return *fonts;
 }
 
-using Entries = std::unordered_map<decltype(BodyOf(nullptr)), Entry>;
+using Entries = UnorderedMap<decltype(BodyOf(nullptr)), Entry>;
 
 Entries &AllFonts() {
     static const Lasting<Entries> entries;

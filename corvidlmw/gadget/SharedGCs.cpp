@@ -6,8 +6,6 @@
 
 #include <X11/Xresource.h>
 
-#include <unordered_map>
-
 namespace corvidlmw::icon_gadget {
 
 namespace {
@@ -33,18 +31,18 @@ struct Entry {
     long references = 0;
 };
 
-using EntryOfLook = std::unordered_map<GCLook, Entry, HashOfLook>;
+using EntryOfLook = UnorderedMap<GCLook, Entry, HashOfLook>;
 
 struct Store {
     EntryOfLook entries;
-    std::unordered_map<GC, EntryOfLook::value_type *> by_gc;
+    UnorderedMap<GC, EntryOfLook::value_type *> by_gc;
 };
 
 // A store is found through the connection itself: when that is closed, its GCs are gone, and a later one
 // may come to lie at the same address.
 Store &StoreOf(Display *display) {
     static const XContext context = XUniqueContext();
-    static const Lasting<std::unordered_map<Display *, Store>> stores;
+    static const Lasting<UnorderedMap<Display *, Store>> stores;
     XPointer found = nullptr;
     if (XFindContext(display, None, context, &found) != 0) {
         Store &fresh = (*stores)[display] = Store();

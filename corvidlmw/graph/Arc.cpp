@@ -157,7 +157,7 @@ Pool &PoolFor(std::size_t block_size) {
     Pool *pool = &arc_pool;
     while (pool->block_size != block_size) {
         if (!pool->next) {
-            pool->next = new Pool{block_size, nullptr, nullptr};
+            pool->next = New<Pool>(block_size, nullptr, nullptr);
         }
         pool = pool->next;
     }

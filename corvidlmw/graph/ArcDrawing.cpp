@@ -347,7 +347,7 @@ private:
     Display *display_;
     Region region_;
     TextClip text_;
-    std::vector<GC> clipped_;
+    Vector<GC> clipped_;
 };
 
 void Reshow(Widget arc_widget, bool highlight) {

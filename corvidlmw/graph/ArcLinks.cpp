@@ -19,11 +19,11 @@ namespace {
 // ---- Siblings -------------------------------------------------------------------------------------------------
 
 // The arcs behind `arc`, which move down one rank when it leaves.
-std::vector<Widget> ArcsBehind(Widget arc) {
+Vector<Widget> ArcsBehind(Widget arc) {
     const auto &part = ArcOf(arc);
     auto siblings = Widgets(*part.siblings);
     const auto first = static_cast<std::size_t>(_sibling_rank(arc)) + 1;
-    std::vector<Widget> behind;
+    Vector<Widget> behind;
     for (Widget sibling : siblings.subspan(std::min(first, siblings.size()))) {
         if (sibling != arc) {
             behind.push_back(sibling);
@@ -112,7 +112,7 @@ void DropArcs(Widget graph, XmGraphNodeList &list) {
     if (list.count == 0) {
         return;
     }
-    std::vector<Widget> arcs = Copy(Widgets(list));
+    Vector<Widget> arcs = Copy(Widgets(list));
     XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
     arcs.clear();
     while (list.count > 0) {
@@ -191,7 +191,7 @@ void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
         return;
     }
     ForgetArcIndex(graph);
-    std::vector<Widget> behind;
+    Vector<Widget> behind;
     if (redraw) {
         behind = ArcsBehind(arc);
     }

@@ -44,7 +44,7 @@ int ForgetFixedFont(Display *display, XExtCodes *) {
         if (entry->display == display) {
             *link = entry->next;
             XFreeFontInfo(nullptr, entry->font, 1);
-            delete entry;
+            Delete(entry);
             break;
         }
     }
@@ -61,7 +61,7 @@ XFontStruct *FixedFontOf(Display *display) {
     XExtCodes *codes = font ? XAddExtension(display) : nullptr;
     if (codes) {
         XESetCloseDisplay(display, codes->extension, ForgetFixedFont);
-        fixed_fonts = new FixedFont{display, font, fixed_fonts};
+        fixed_fonts = New<FixedFont>(display, font, fixed_fonts);
     }
     return font;
 }

@@ -4,11 +4,11 @@
 #pragma once
 
 #include <corvidlmw/toolkit/Geometry.h>
+#include <corvidlmw/toolkit/Memory.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <limits>
-#include <vector>
 
 namespace corvidlmw::graph {
 
@@ -75,8 +75,8 @@ public:
 private:
     static constexpr std::size_t run_length = 32;
 
-    std::vector<Bounds> boxes_;
-    std::vector<Bounds> runs_;
+    Vector<Bounds> boxes_;
+    Vector<Bounds> runs_;
 };
 
 } // namespace corvidlmw::graph

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <string>
 #include <string_view>
 
 namespace {
@@ -57,8 +56,8 @@ constexpr NamedValue arc_draw_modes[] = {
     {"position_proportional", XmPOSITION_PROPORTIONAL},
 };
 
-std::string Folded(const char *text) {
-    std::string folded = text;
+corvidlmw::Text Folded(const char *text) {
+    corvidlmw::Text folded = text;
     std::transform(folded.begin(), folded.end(), folded.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return folded;
@@ -72,7 +71,7 @@ void Convert(const NamedValue (&table)[n], const char *type, Result &result, Xrm
     to->addr = reinterpret_cast<XPointer>(&result);
 
     const char *given = from->addr ? from->addr : "";
-    const std::string folded = Folded(given);
+    const corvidlmw::Text folded = Folded(given);
     std::string_view wanted = folded;
     if (wanted.starts_with("xm")) {
         wanted.remove_prefix(2);

@@ -9,8 +9,6 @@
 #include <corvidlmw/graph/GraphI.h>
 
 #include <algorithm>
-#include <unordered_set>
-#include <vector>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -21,7 +19,7 @@ struct Visit {
     NodePtr node;
     int next_child = 0;
     int child_count = 0; // as it was on entry
-    std::vector<NodePtr> cut;
+    Vector<NodePtr> cut;
 };
 
 bool IsDying(NodePtr node) {
@@ -36,11 +34,11 @@ bool Enter(const XmGraphNodeList &path, NodePtr node, NodePtr parent, int depth)
 }
 
 // Takes all of `cut` out of `tree_children` in one pass.
-void CutTreeChildren(NodePtr node, const std::vector<NodePtr> &cut) {
+void CutTreeChildren(NodePtr node, const Vector<NodePtr> &cut) {
     if (cut.empty()) {
         return;
     }
-    const std::unordered_set<NodePtr> gone(cut.begin(), cut.end());
+    const UnorderedSet<NodePtr> gone(cut.begin(), cut.end());
     XmGraphNodeList &list = node->tree_children;
     auto entries = Nodes(list);
     auto kept = std::remove_if(entries.begin(), entries.end(),
@@ -72,7 +70,7 @@ void _XmGraphConvertToTree(Widget graph) {
 
 void _XmGraphDoConvertToTree(Widget, XmGraphNodeList *path, NodePtr node, NodePtr parent,
                              int depth) {
-    std::vector<Visit> stack;
+    Vector<Visit> stack;
     if (Enter(*path, node, parent, depth)) {
         stack.push_back({.node = node, .child_count = node->children.count});
     }
@@ -100,8 +98,8 @@ void _XmGraphDoConvertToTree(Widget, XmGraphNodeList *path, NodePtr node, NodePt
 
 // Before a conversion `tree_children` may still hold a cycle: each node is met once.
 void _XmGraphUpdateNodeDepth(NodePtr node) {
-    std::unordered_set<NodePtr> met;
-    std::vector<NodePtr> stack{node};
+    UnorderedSet<NodePtr> met;
+    Vector<NodePtr> stack{node};
     while (!stack.empty()) {
         NodePtr here = stack.back();
         stack.pop_back();

@@ -395,7 +395,7 @@ void ClearFields(XmGraphPart &graph) {
 void Initialize(Widget request, Widget new_w, ArgList args, Cardinal *num_args) {
     auto &graph = GraphOf(new_w);
     ClearFields(graph);
-    graph.internal = new GraphState;
+    graph.internal = New<GraphState>();
     ManagerOf(new_w).accelerator_widget = nullptr;
     line_list.count = rectangle_list.count = 0;
     overview_line_list.count = overview_rectangle_list.count = 0;
@@ -490,7 +490,7 @@ void Destroy(Widget w) {
              XmNselectArcCallback, XmNselectSubgraphCallback}) {
         XtRemoveAllCallbacks(w, name);
     }
-    delete &StateOf(w);
+    Delete(&StateOf(w));
     graph.internal = nullptr;
 }
 

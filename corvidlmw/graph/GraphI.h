@@ -12,12 +12,8 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <deque>
 #include <span>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
-#include <vector>
 
 namespace corvidlmw::graph {
 
@@ -73,7 +69,7 @@ inline std::span<Widget> Widgets(const XmGraphNodeList &list) {
 
 // A copy, to walk while callbacks may change the list.
 template <typename T>
-std::vector<T> Copy(std::span<T> list) {
+Vector<T> Copy(std::span<T> list) {
     return {list.begin(), list.end()};
 }
 
@@ -134,7 +130,7 @@ struct TakenArc {
 
 // All arcs of a graph on their way out. A callback may start another such round inside.
 struct TakenArcs {
-    std::vector<TakenArc> arcs;
+    Vector<TakenArc> arcs;
     TakenArcs *outer;
 };
 
@@ -143,7 +139,7 @@ struct SharedFont {
     XmFontList list;
     int users;
 };
-using SharedFonts = std::unordered_map<const void *, SharedFont>;
+using SharedFonts = UnorderedMap<const void *, SharedFont>;
 
 // See PaintIndex.cpp.
 struct PaintIndex {
@@ -151,9 +147,9 @@ struct PaintIndex {
     bool arcs_known = false;
     BoxIndex arcs;
     BoxIndex nodes;
-    std::vector<std::uint64_t> geometries; // what the nodes' boxes were made from
-    std::vector<std::size_t> unmeasured;   // nodes that moved since their arcs were measured
-    std::vector<Widget> dragged;           // moved in a drag, and not in the boxes yet
+    Vector<std::uint64_t> geometries; // what the nodes' boxes were made from
+    Vector<std::size_t> unmeasured;   // nodes that moved since their arcs were measured
+    Vector<Widget> dragged;           // moved in a drag, and not in the boxes yet
 };
 
 // What a gesture draws over the graph while it runs.
@@ -182,12 +178,12 @@ struct GraphState {
     bool veiled = false;           // see VeilArcs
     std::size_t managed_nodes = 0; // a digest of them
     unsigned long next_arc_serial = 1;
-    std::deque<DoomedArc> doomed_arcs; // in the order of their work procedures
-    TakenArcs *taken_arcs = nullptr;   // while all arcs are being destroyed
+    Deque<DoomedArc> doomed_arcs;    // in the order of their work procedures
+    TakenArcs *taken_arcs = nullptr; // while all arcs are being destroyed
     // Nodes whose `tree_children` may name a node that no arc leads to any more.
-    std::unordered_set<NodePtr> stale_owners;
+    UnorderedSet<NodePtr> stale_owners;
     // What stands in `selected_nodes` and `selected_arcs`.
-    std::unordered_set<const void *> selected;
+    UnorderedSet<const void *> selected;
     SharedFonts fonts;
     PaintIndex painted;
     Figure figure;
@@ -197,7 +193,7 @@ struct GraphState {
     bool figure_unsettled = false;      // exposures from before its removal may still come
     unsigned long figure_hidden_at = 0; // the request that removed it
     // What was erased since the outermost DamageRepair began.
-    std::vector<Rectangle> damage;
+    Vector<Rectangle> damage;
     int repairs = 0;
     OverviewState overview;
     Watch *watches = nullptr;
@@ -240,7 +236,7 @@ private:
 // Nodes and arcs of a graph to walk while client code runs: what dies on the way becomes NULL here.
 class LivingCopy : public Watch {
 public:
-    LivingCopy(Widget graph, std::vector<Widget> objects)
+    LivingCopy(Widget graph, Vector<Widget> objects)
         : Watch(graph), outer_(state_->copies), objects_(std::move(objects)) {
         state_->copies = this;
     }
@@ -264,7 +260,7 @@ public:
 
 private:
     LivingCopy *outer_;
-    std::vector<Widget> objects_;
+    Vector<Widget> objects_;
 };
 
 // `internal` of an arc: its serial number in the graph. `arcs` is sorted by it, so that an arc is
@@ -367,8 +363,7 @@ void NoteDragged(Widget graph, Widget node);
 const BoxIndex &NodeIndexOf(Widget graph);
 const PaintIndex &PaintIndexOf(Widget graph);
 // Those of `objects`, which the index numbers, that may paint inside the box; in their order.
-std::vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects,
-                             const Rectangle &box);
+Vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects, const Rectangle &box);
 
 // ---- Layout.cpp ------------------------------------------------------------------------------------------------
 
@@ -425,7 +420,7 @@ void FreeEditState(NodePtr node);
 // The nodes' widgets in `return_widget_list`; NULL with none.
 WidgetList WidgetsOf(const XmGraphNodeList &nodes, int *count);
 // The widgets of records, to walk on.
-std::vector<Widget> WidgetsOf(std::span<NodePtr> nodes);
+Vector<Widget> WidgetsOf(std::span<NodePtr> nodes);
 // Fills in the lists and calls, if anybody listens.
 void CallWithLists(Widget graph, const char *callbacks, XmGraphCallbackStruct &call_data);
 // A highlight shows as soon as there is a window.
@@ -447,7 +442,7 @@ void DeselectAllArcs(Widget graph);
 void SelectArcsWithSubgraph(Widget graph, NodePtr node);
 void CancelArcsWithSubgraph(Widget graph, NodePtr node);
 // What `subgraph_nodes` holds of this graph.
-std::vector<Widget> SubgraphOf(Widget graph);
+Vector<Widget> SubgraphOf(Widget graph);
 // The node, `subgraph_nodes` and their arcs, with no word of the nodes.
 void SelectSubgraph(Widget graph, Widget root);
 
@@ -506,7 +501,7 @@ private:
 
 // Clears and paints anew, within the window.
 void ClearAndPaint(Widget graph, Region region);
-void RepaintBoxes(Widget graph, const std::vector<Rectangle> &boxes);
+void RepaintBoxes(Widget graph, const Vector<Rectangle> &boxes);
 // The smallest rectangle that holds both.
 Rectangle Around(const Rectangle &a, const Rectangle &b);
 void NoteDamage(Widget graph, const Rectangle &box);

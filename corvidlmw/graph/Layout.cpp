@@ -11,8 +11,6 @@
 #include <corvidlmw/graph/GraphI.h>
 
 #include <algorithm>
-#include <unordered_set>
-#include <vector>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -128,7 +126,7 @@ int PlaceTree(Widget graph, const Axes &axes, NodePtr node, int depth, int bread
     if (!IsPlaceable(node)) {
         return breadth;
     }
-    std::vector<Placing> stack{StartPlacing(node, depth, breadth)};
+    Vector<Placing> stack{StartPlacing(node, depth, breadth)};
     Coordinate extent = breadth;
     while (!stack.empty()) {
         Placing &top = stack.back();
@@ -224,10 +222,10 @@ void ResetNodes(Widget graph) {
 
 // First the roots that the client named, then the nodes without parents, then the first node of each
 // part that is only cycles.
-std::vector<NodePtr> CollectRoots(Widget w) {
+Vector<NodePtr> CollectRoots(Widget w) {
     const auto &graph = GraphOf(w);
-    std::vector<NodePtr> roots;
-    std::unordered_set<NodePtr> collected;
+    Vector<NodePtr> roots;
+    UnorderedSet<NodePtr> collected;
     auto collect = [&](NodePtr node) {
         if (collected.insert(node).second) {
             roots.push_back(node);
@@ -258,7 +256,7 @@ std::vector<NodePtr> CollectRoots(Widget w) {
     return roots;
 }
 
-void HangRoots(Widget w, const std::vector<NodePtr> &roots) {
+void HangRoots(Widget w, const Vector<NodePtr> &roots) {
     NodePtr super_root = GraphOf(w).root;
     for (NodePtr node : roots) {
         if (!IsDying(node)) {
@@ -269,7 +267,7 @@ void HangRoots(Widget w, const std::vector<NodePtr> &roots) {
     }
 }
 
-void UnhangRoots(Widget w, const std::vector<NodePtr> &roots) {
+void UnhangRoots(Widget w, const Vector<NodePtr> &roots) {
     NodePtr super_root = GraphOf(w).root;
     for (NodePtr node : roots) {
         if (!IsDying(node)) {
@@ -317,7 +315,7 @@ bool IsShown(Widget w) {
     return XtIsManaged(w) && (!XtIsWidget(w) || w->core.mapped_when_managed);
 }
 
-void EraseArcsTo(const std::vector<NodePtr> &nodes) {
+void EraseArcsTo(const Vector<NodePtr> &nodes) {
     for (NodePtr node : nodes) {
         for (Widget arc : Widgets(node->to_arcs)) {
             _EraseArc(arc);
@@ -325,7 +323,7 @@ void EraseArcsTo(const std::vector<NodePtr> &nodes) {
     }
 }
 
-void DrawArcsTo(const std::vector<NodePtr> &nodes) {
+void DrawArcsTo(const Vector<NodePtr> &nodes) {
     for (NodePtr node : nodes) {
         for (Widget arc : Widgets(node->to_arcs)) {
             DrawArc(arc);
@@ -409,7 +407,7 @@ void DoLayout(Widget w) {
     ResetNodes(w);
     graph.layed_out = True;
     _XmGraphInitNode(graph.root);
-    const std::vector<NodePtr> roots = CollectRoots(w);
+    const Vector<NodePtr> roots = CollectRoots(w);
     HangRoots(w, roots);
     _XmGraphConvertToTree(w);
     XmGraphShowCoverWindow(w);
@@ -428,9 +426,9 @@ void DoLayout(Widget w) {
 
 // Depth first, each node once. A node that is reached by several paths was listed at the first.
 void GetSubgraphNodeList(Widget graph, XmGraphNodeList &path, NodePtr node) {
-    std::unordered_set<NodePtr> met(Nodes(path).begin(), Nodes(path).end());
-    std::unordered_set<NodePtr> listed(Nodes(subgraph_nodes).begin(), Nodes(subgraph_nodes).end());
-    std::vector<NodePtr> stack{node};
+    UnorderedSet<NodePtr> met(Nodes(path).begin(), Nodes(path).end());
+    UnorderedSet<NodePtr> listed(Nodes(subgraph_nodes).begin(), Nodes(subgraph_nodes).end());
+    Vector<NodePtr> stack{node};
     while (!stack.empty()) {
         NodePtr here = stack.back();
         stack.pop_back();
@@ -458,7 +456,7 @@ void XmGraphLayout(Widget w) {
 }
 
 void _XmGraphMarkSubgraphVisited(NodePtr node) {
-    std::vector<NodePtr> stack{node};
+    Vector<NodePtr> stack{node};
     while (!stack.empty()) {
         NodePtr here = stack.back();
         stack.pop_back();
@@ -503,7 +501,7 @@ void XmGraphRelaySubgraph(Widget w, Widget widget) {
     subgraph_nodes.count = 0;
     XmGraphNodeList path{};
     GetSubgraphNodeList(w, path, node);
-    const std::vector<NodePtr> nodes = Copy(Nodes(subgraph_nodes));
+    const Vector<NodePtr> nodes = Copy(Nodes(subgraph_nodes));
     EraseArcsTo(nodes);
     for (NodePtr listed : nodes) {
         ResetForRelay(w, listed);

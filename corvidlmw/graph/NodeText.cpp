@@ -63,8 +63,8 @@ bool GivesCopies(WidgetClass node_class) {
 }
 
 // The text of each segment of a compound string.
-std::vector<std::string> TextsOf(XmString label) {
-    std::vector<std::string> texts;
+Vector<Text> TextsOf(XmString label) {
+    Vector<Text> texts;
     XmStringContext context = nullptr;
     if (!label || !XmStringInitContext(&context, label)) {
         return texts;
@@ -115,7 +115,7 @@ Labels::Source Labels::SourceFor(WidgetClass node_class) {
     return found->second;
 }
 
-std::vector<std::string> Labels::Of(Widget node) {
+Vector<Text> Labels::Of(Widget node) {
     const Source source = SourceFor(XtClass(node));
     if (!source.can_ask) {
         return {};

@@ -4,10 +4,6 @@
 
 #include <corvidlmw/toolkit/Toolkit.h>
 
-#include <string>
-#include <unordered_map>
-#include <vector>
-
 namespace corvidlmw::graph {
 
 // Ascent and descent of the first font of a node, or a usual size for one without fonts.
@@ -17,7 +13,7 @@ int FontSizeOf(Widget node);
 // nodes, since it remembers what it found out of their classes.
 class Labels {
 public:
-    std::vector<std::string> Of(Widget node);
+    Vector<Text> Of(Widget node);
 
 private:
     struct Source {
@@ -26,7 +22,7 @@ private:
     };
     Source SourceFor(WidgetClass node_class);
 
-    std::unordered_map<WidgetClass, Source> sources_;
+    UnorderedMap<WidgetClass, Source> sources_;
 };
 
 } // namespace corvidlmw::graph

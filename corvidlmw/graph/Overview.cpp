@@ -216,8 +216,8 @@ void ClearOverview(Widget w) {
 
 // A callback that destroys the graph outside of a dispatch destroys it at once, and the toolkit still
 // calls the rest of the list for it: those that live and have an overview stand here.
-std::vector<Widget> &GraphsWithOverview() {
-    static const Lasting<std::vector<Widget>> graphs;
+Vector<Widget> &GraphsWithOverview() {
+    static const Lasting<Vector<Widget>> graphs;
     return *graphs;
 }
 

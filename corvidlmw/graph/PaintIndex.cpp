@@ -76,9 +76,9 @@ bool IsDraggingNodes(const XmGraphPart &graph) {
            graph.gesture_state == GESTURE_MOVE_SELECTION;
 }
 
-std::vector<std::size_t> DraggedNodes(Widget w) {
+Vector<std::size_t> DraggedNodes(Widget w) {
     auto children = Children(w);
-    std::vector<std::size_t> moved;
+    Vector<std::size_t> moved;
     for (Widget node : StateOf(w).painted.dragged) {
         auto found = std::find(children.begin(), children.end(), node);
         if (found != children.end()) {
@@ -89,10 +89,10 @@ std::vector<std::size_t> DraggedNodes(Widget w) {
 }
 
 // The children whose place is not the known one; but no more than `most` of them.
-std::vector<std::size_t> MovedNodes(Widget w, std::size_t most) {
+Vector<std::size_t> MovedNodes(Widget w, std::size_t most) {
     const auto &known = StateOf(w).painted.geometries;
     auto children = Children(w);
-    std::vector<std::size_t> moved;
+    Vector<std::size_t> moved;
     for (std::size_t i = 0; i < children.size() && moved.size() < most; i++) {
         if (GeometryOf(children[i]) != known[i]) {
             moved.push_back(i);
@@ -104,7 +104,7 @@ std::vector<std::size_t> MovedNodes(Widget w, std::size_t most) {
 void PlaceWhatMoved(Widget w) {
     auto &painted = StateOf(w).painted;
     const std::size_t many = Children(w).size() / 8 + 1;
-    const std::vector<std::size_t> moved =
+    const Vector<std::size_t> moved =
         IsDraggingNodes(GraphOf(w)) ? DraggedNodes(w) : MovedNodes(w, many);
     painted.dragged.clear();
     if (moved.size() >= many) {
@@ -192,9 +192,8 @@ const PaintIndex &PaintIndexOf(Widget w) {
     return painted;
 }
 
-std::vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects,
-                             const Rectangle &box) {
-    std::vector<Widget> touching;
+Vector<Widget> Touching(const BoxIndex &index, std::span<Widget> objects, const Rectangle &box) {
+    Vector<Widget> touching;
     index.ForEachTouching(Bounds(box), [&](std::size_t i) { touching.push_back(objects[i]); });
     return touching;
 }

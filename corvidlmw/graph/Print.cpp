@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <string>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -124,13 +123,13 @@ struct PrintedNode {
 };
 
 struct Drawing {
-    std::vector<PrintedArc> arcs;
-    std::vector<PrintedNode> nodes;
+    Vector<PrintedArc> arcs;
+    Vector<PrintedNode> nodes;
 };
 
 // Whether an arc is managed or can be seen does not count.
-std::vector<PrintedArc> ArcsOnPaper(Widget w, int total_height) {
-    std::vector<PrintedArc> arcs;
+Vector<PrintedArc> ArcsOnPaper(Widget w, int total_height) {
+    Vector<PrintedArc> arcs;
     for (Widget arc : Arcs(w)) {
         if (!HasBothEnds(arc)) {
             continue;
@@ -146,8 +145,8 @@ std::vector<PrintedArc> ArcsOnPaper(Widget w, int total_height) {
     return arcs;
 }
 
-std::vector<PrintedNode> NodesOnPaper(std::span<const Widget> widgets, int total_height) {
-    std::vector<PrintedNode> nodes;
+Vector<PrintedNode> NodesOnPaper(std::span<const Widget> widgets, int total_height) {
+    Vector<PrintedNode> nodes;
     for (Widget node : widgets) {
         const Rectangle r = RectangleOf(node);
         const Rectangle place = {r.x, total_height - r.y - r.height, r.width, r.height};
@@ -158,8 +157,8 @@ std::vector<PrintedNode> NodesOnPaper(std::span<const Widget> widgets, int total
     return nodes;
 }
 
-std::vector<Widget> NodesOf(Widget w) {
-    std::vector<Widget> nodes;
+Vector<Widget> NodesOf(Widget w) {
+    Vector<Widget> nodes;
     auto children = Children(w);
     for (Widget child : children.subspan(std::min<std::size_t>(1, children.size()))) {
         if (NodeOf(child)) {
@@ -240,10 +239,10 @@ private:
     void WriteNode(const PrintedNode &node) {
         const auto [x, y, width, height] = node.place;
         std::fprintf(file_, "%d %d %d %d square\n", height, width, x, y);
-        const std::vector<std::string> texts = labels_.Of(node.widget);
+        const Vector<Text> texts = labels_.Of(node.widget);
         int baseline =
             page::FirstBaseline(y + height, height, static_cast<int>(texts.size()), font_size_);
-        for (const std::string &text : texts) {
+        for (const Text &text : texts) {
             std::fprintf(file_, "%d %d moveto (%s) show\n", x + 2, baseline, text.c_str());
             baseline -= font_size_;
         }
@@ -263,7 +262,7 @@ extern "C" void XmGraphPrint(Widget w, const char *filename) {
     if (!w || !XmIsGraph(w) || !filename) {
         return;
     }
-    const std::vector<Widget> nodes = NodesOf(w);
+    const Vector<Widget> nodes = NodesOf(w);
     const NoWriteSignals no_signals;
     const OwnedFile file(nodes.empty() ? nullptr : std::fopen(filename, "w"));
     if (!file) {

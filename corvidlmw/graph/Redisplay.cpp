@@ -200,7 +200,7 @@ EventMask AppliedTag(Widget w, bool editable) {
     return static_cast<EventMask>((XtWindow(w) << 2) | (editable ? 1U : 2U));
 }
 
-using AppliedWindows = std::vector<EventMask>;
+using AppliedWindows = Vector<EventMask>;
 
 // A window whose events are to change.
 struct Masking {
@@ -217,9 +217,9 @@ bool MayDescend(Widget graph, Widget w) {
 }
 
 // What lies inside a child, as far as its input is taken too.
-std::vector<Widget> Inside(Widget graph, Widget child) {
-    std::vector<Widget> found;
-    std::vector<Widget> stack{child};
+Vector<Widget> Inside(Widget graph, Widget child) {
+    Vector<Widget> found;
+    Vector<Widget> stack{child};
     while (!stack.empty()) {
         Widget here = stack.back();
         stack.pop_back();
@@ -236,7 +236,7 @@ std::vector<Widget> Inside(Widget graph, Widget child) {
     return found;
 }
 
-void CollectInside(Widget graph, Widget child, std::vector<Masking> &work) {
+void CollectInside(Widget graph, Widget child, Vector<Masking> &work) {
     NodePtr node = NodeOf(child);
     if (!node || !MayDescend(graph, child)) {
         return;
@@ -258,14 +258,14 @@ void CollectInside(Widget graph, Widget child, std::vector<Masking> &work) {
     }
     std::sort(now.begin(), now.end());
     if (!applied) {
-        applied = new AppliedWindows;
+        applied = New<AppliedWindows>();
         node->internal = applied;
     }
     applied->swap(now);
 }
 
-std::vector<Masking> CollectWork(Widget graph, std::span<Widget> children) {
-    std::vector<Masking> work;
+Vector<Masking> CollectWork(Widget graph, std::span<Widget> children) {
+    Vector<Masking> work;
     for (Widget child : children) {
         if (!child || IsBeingDestroyed(child)) {
             continue;
@@ -322,7 +322,7 @@ void ClearGraph(Widget w) {
 // A child whose window is new is left to its CreateNotify: of children managed one by one each would
 // wait for the server here.
 void ApplyEditModeAgain(Widget graph) {
-    std::vector<Widget> known;
+    Vector<Widget> known;
     for (Widget child : Children(graph)) {
         if (ConstraintOf(child).event_mask != NoEventMask) {
             known.push_back(child);
@@ -333,12 +333,12 @@ void ApplyEditModeAgain(Widget graph) {
 
 // The server is asked for all windows at once, so that the whole batch waits for one reply time.
 void ApplyEditMode(Widget graph, std::span<Widget> children) {
-    const std::vector<Masking> work = CollectWork(graph, children);
+    const Vector<Masking> work = CollectWork(graph, children);
     if (work.empty()) {
         return;
     }
     xcb_connection_t *connection = XGetXCBConnection(XtDisplay(graph));
-    std::vector<xcb_get_window_attributes_cookie_t> asked;
+    Vector<xcb_get_window_attributes_cookie_t> asked;
     asked.reserve(work.size());
     for (const Masking &item : work) {
         asked.push_back(xcb_get_window_attributes(
@@ -357,7 +357,7 @@ void ApplyEditMode(Widget graph, std::span<Widget> children) {
 }
 
 void FreeEditState(NodePtr node) {
-    delete static_cast<AppliedWindows *>(node->internal);
+    Delete(static_cast<AppliedWindows *>(node->internal));
     node->internal = nullptr;
 }
 

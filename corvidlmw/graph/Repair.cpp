@@ -46,7 +46,7 @@ void ClearAndPaint(Widget w, Region region) {
     PaintRegion(w, region);
 }
 
-void RepaintBoxes(Widget w, const std::vector<Rectangle> &boxes) {
+void RepaintBoxes(Widget w, const Vector<Rectangle> &boxes) {
     const OwnedRegion region(XCreateRegion());
     for (const Rectangle &box : boxes) {
         XRectangle cut = Cut(Clipped(box, w));
@@ -79,7 +79,7 @@ DamageRepair::~DamageRepair() {
     if (watch_.Died() || --StateOf(graph_).repairs > 0) {
         return;
     }
-    const std::vector<Rectangle> damage = std::exchange(StateOf(graph_).damage, {});
+    const Vector<Rectangle> damage = std::exchange(StateOf(graph_).damage, {});
     if (!damage.empty() && HasWindow(graph_) && !IsBeingDestroyed(graph_)) {
         RepaintBoxes(graph_, damage);
     }

@@ -50,7 +50,7 @@ Rectangle BoxAround(const Figure &figure) {
 
 // Clears a window and all below it, with exposures.
 void ExposeDeep(Widget top) {
-    std::vector<Widget> stack{top};
+    Vector<Widget> stack{top};
     while (!stack.empty()) {
         Widget here = stack.back();
         stack.pop_back();

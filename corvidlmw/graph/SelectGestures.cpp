@@ -136,7 +136,7 @@ void WithdrawSubgraph(Widget w) {
 }
 
 void SelectSubgraphAloud(Widget w, Widget root, XEvent *event) {
-    std::vector<Widget> reached = SubgraphOf(w);
+    Vector<Widget> reached = SubgraphOf(w);
     reached.insert(reached.begin(), root);
     const LivingCopy nodes(w, std::move(reached));
     DeselectAll(w);
@@ -193,8 +193,8 @@ bool Holds(const Rectangle &r, Point p) {
     return p.x >= r.x && p.x <= r.x + r.width && p.y >= r.y && p.y <= r.y + r.height;
 }
 
-std::vector<Widget> ArcsIn(Widget w, const Rectangle &swept) {
-    std::vector<Widget> arcs;
+Vector<Widget> ArcsIn(Widget w, const Rectangle &swept) {
+    Vector<Widget> arcs;
     if (!GraphOf(w).selectable_arcs) {
         return arcs;
     }
@@ -217,9 +217,9 @@ OwnedRegion RegionOf(const Rectangle &r) {
 }
 
 // Managed or not, and the super-root like any other.
-std::vector<Widget> NodesIn(Widget w, const Rectangle &swept) {
+Vector<Widget> NodesIn(Widget w, const Rectangle &swept) {
     const OwnedRegion region = RegionOf(swept);
-    std::vector<Widget> nodes;
+    Vector<Widget> nodes;
     for (Widget child : Children(w)) {
         if (NodeOf(child) && XRectInRegion(region.get(), child->core.x, child->core.y,
                                            child->core.width, child->core.height) == RectangleIn) {
@@ -230,7 +230,7 @@ std::vector<Widget> NodesIn(Widget w, const Rectangle &swept) {
 }
 
 // Several arcs without a node are told to nobody.
-void TellOfSweep(Widget w, std::vector<Widget> nodes, std::vector<Widget> arcs, XEvent *event) {
+void TellOfSweep(Widget w, Vector<Widget> nodes, Vector<Widget> arcs, XEvent *event) {
     if (XtHasCallbacks(w, XmNselectNodeCallback) != XtCallbackHasSome) {
         return;
     }
@@ -482,11 +482,11 @@ void SelectRegion(Widget w, XEvent *event) {
     graph.start_y = swept.y;
     graph.offset_x = swept.width;
     graph.offset_y = swept.height;
-    std::vector<Widget> arcs = ArcsIn(w, swept);
+    Vector<Widget> arcs = ArcsIn(w, swept);
     for (Widget arc : arcs) {
         SelectArc(w, arc, false);
     }
-    std::vector<Widget> nodes = NodesIn(w, swept);
+    Vector<Widget> nodes = NodesIn(w, swept);
     for (Widget node : nodes) {
         SelectNode(w, node, false);
     }

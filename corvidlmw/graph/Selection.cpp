@@ -47,8 +47,8 @@ Widget NodeWidgetIn(Widget w, Widget node) {
     return child && NodeOf(node) && NodeOf(node)->widget ? node : nullptr;
 }
 
-std::vector<Widget> Pick(Widget w, WidgetList list, int count, Widget (*in)(Widget, Widget)) {
-    std::vector<Widget> picked;
+Vector<Widget> Pick(Widget w, WidgetList list, int count, Widget (*in)(Widget, Widget)) {
+    Vector<Widget> picked;
     for (int i = 0; list && i < count; i++) {
         if (Widget object = in(w, list[i])) {
             picked.push_back(object);
@@ -117,8 +117,8 @@ WidgetList WidgetsOf(const XmGraphNodeList &nodes, int *count) {
     return *count ? reinterpret_cast<WidgetList>(return_widget_list.items) : nullptr;
 }
 
-std::vector<Widget> WidgetsOf(std::span<NodePtr> nodes) {
-    std::vector<Widget> widgets(nodes.size());
+Vector<Widget> WidgetsOf(std::span<NodePtr> nodes) {
+    Vector<Widget> widgets(nodes.size());
     std::transform(nodes.begin(), nodes.end(), widgets.begin(),
                    [](NodePtr n) { return n->widget; });
     return widgets;
@@ -283,14 +283,14 @@ void CancelArcsWithSubgraph(Widget w, NodePtr node) {
 }
 
 // The list is shared and may hold nodes of another graph, whose death this one would not hear of.
-std::vector<Widget> SubgraphOf(Widget w) {
-    std::vector<Widget> nodes = WidgetsOf(Nodes(subgraph_nodes));
+Vector<Widget> SubgraphOf(Widget w) {
+    Vector<Widget> nodes = WidgetsOf(Nodes(subgraph_nodes));
     std::erase_if(nodes, [&](Widget node) { return XtParent(node) != w; });
     return nodes;
 }
 
 void SelectSubgraph(Widget w, Widget root) {
-    std::vector<Widget> reached = SubgraphOf(w);
+    Vector<Widget> reached = SubgraphOf(w);
     reached.insert(reached.begin(), root);
     const LivingCopy nodes(w, std::move(reached));
     for (Widget node : nodes) {
@@ -314,7 +314,7 @@ void XmGraphSelectNode(Widget w, Widget node, Boolean notify) {
 }
 
 void XmGraphSelectNodes(Widget w, WidgetList nodes, int count, Boolean notify) {
-    const std::vector<Widget> picked = Pick(w, nodes, count, NodeWidgetIn);
+    const Vector<Widget> picked = Pick(w, nodes, count, NodeWidgetIn);
     for (Widget node : picked) {
         SelectNode(w, node, false);
     }
@@ -333,7 +333,7 @@ void XmGraphSelectArcs(Widget w, WidgetList arcs, int count, Boolean notify) {
     if (!CheckGraph(w, "XmGraphSelectArcs requires an XmGraph widget")) {
         return;
     }
-    const std::vector<Widget> picked = Pick(w, arcs, count, ArcIn);
+    const Vector<Widget> picked = Pick(w, arcs, count, ArcIn);
     for (Widget arc : picked) {
         _XmHighlightArc(arc);
         InsertArc(w, arc);
@@ -367,7 +367,7 @@ void XmGraphUnselectNode(Widget w, Widget node, Boolean notify) {
 }
 
 void XmGraphUnselectNodes(Widget w, WidgetList nodes, int count, Boolean notify) {
-    std::vector<Widget> picked = Pick(w, nodes, count, NodeWidgetIn);
+    Vector<Widget> picked = Pick(w, nodes, count, NodeWidgetIn);
     if (picked.empty()) {
         return;
     }

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <string>
 #include <utility>
 
 using namespace corvidlmw;
@@ -483,7 +482,7 @@ void XmGraphHideCoverWindow(Widget w) {
 }
 
 Widget XmCreateScrolledGraph(Widget parent, char *name, ArgList args, Cardinal argcount) {
-    const std::string window_name = std::string(name ? name : "") + "SW";
+    const Text window_name = Text(name ? name : "") + "SW";
     Widget scrolled = XtVaCreateManagedWidget(window_name.c_str(), xmScrolledWindowWidgetClass,
                                               parent, XmNscrollingPolicy, XmAUTOMATIC,
                                               XmNvisualPolicy, XmCONSTANT, nullptr);

@@ -32,10 +32,10 @@ void DestroyNodes(Widget w, Cardinal first) {
 
 // The arcs leave the graph's list before they are destroyed. One that dies early, by a client's
 // callback, leaves a hole here.
-std::vector<TakenArc> TakeArcs(Widget w) {
+Vector<TakenArc> TakeArcs(Widget w) {
     ForgetArcIndex(w);
     auto &graph = GraphOf(w);
-    std::vector<TakenArc> taken;
+    Vector<TakenArc> taken;
     taken.reserve(Arcs(w).size());
     for (Widget arc : Arcs(w)) {
         taken.push_back({SerialOf(arc), arc});
@@ -46,12 +46,12 @@ std::vector<TakenArc> TakeArcs(Widget w) {
     return taken;
 }
 
-std::vector<Widget> ArcsBetween(Widget w, Widget from_widget, Widget to_widget) {
+Vector<Widget> ArcsBetween(Widget w, Widget from_widget, Widget to_widget) {
     NodePtr from = NodeIn(w, from_widget);
     if (!from || !NodeIn(w, to_widget)) {
         return {};
     }
-    std::vector<Widget> arcs = Copy(Widgets(from->from_arcs));
+    Vector<Widget> arcs = Copy(Widgets(from->from_arcs));
     std::erase_if(arcs, [&](Widget arc) { return ArcOf(arc).to != to_widget; });
     return arcs;
 }
@@ -142,7 +142,7 @@ void ShowOrHide(Widget object, bool managed) {
 
 // One call of the class's method for all, where the toolkit would make one for each batch of a client.
 void SetManaged(Widget w, std::span<Widget> objects, bool managed) {
-    std::vector<Widget> changed;
+    Vector<Widget> changed;
     for (Widget object : objects) {
         if (IsInGraph(w, object)) {
             if (XtIsManaged(object) != managed) {
@@ -168,8 +168,8 @@ void SetManaged(Widget w, std::span<Widget> objects, bool managed) {
     }
 }
 
-std::vector<Widget> AllObjects(Widget w, bool with_arcs) {
-    std::vector<Widget> objects = Copy(Children(w));
+Vector<Widget> AllObjects(Widget w, bool with_arcs) {
+    Vector<Widget> objects = Copy(Children(w));
     if (!objects.empty()) {
         objects.erase(objects.begin());
     }
@@ -194,7 +194,7 @@ namespace corvidlmw::graph {
 
 void DestroyAllArcs(Widget w) {
     Watch watch(w);
-    std::vector<Widget> arcs = Copy(Arcs(w));
+    Vector<Widget> arcs = Copy(Arcs(w));
     if (!arcs.empty()) {
         XtUnmanageChildren(arcs.data(), static_cast<Cardinal>(arcs.size()));
     }
@@ -345,8 +345,7 @@ void XmGraphGetArcNodes(Widget, Widget arc, Widget *from, Widget *to) {
 WidgetList XmGraphGetArcsBetweenNodes(Widget w, Widget from, Widget to, int *count) {
     int unwanted = 0;
     count = count ? count : &unwanted;
-    const std::vector<Widget> arcs =
-        w && XmIsGraph(w) ? ArcsBetween(w, from, to) : std::vector<Widget>();
+    const Vector<Widget> arcs = w && XmIsGraph(w) ? ArcsBetween(w, from, to) : Vector<Widget>();
     *count = static_cast<int>(arcs.size());
     if (arcs.empty()) {
         return nullptr;
@@ -370,7 +369,7 @@ void XmGraphDestroyAllNodes(Widget w) {
         return;
     }
     Watch watch(w);
-    std::vector<Widget> nodes = Copy(Children(w).subspan(1));
+    Vector<Widget> nodes = Copy(Children(w).subspan(1));
     XtUnmanageChildren(nodes.data(), static_cast<Cardinal>(nodes.size()));
     if (!watch.Died()) {
         DestroyNodes(w, 1);
@@ -467,7 +466,7 @@ void XmGraphDestroySelectedArcsOrNodes(Widget w) {
         return;
     }
     const auto &graph = GraphOf(w);
-    std::vector<Widget> objects = WidgetsOf(Nodes(graph.selected_nodes));
+    Vector<Widget> objects = WidgetsOf(Nodes(graph.selected_nodes));
     std::erase_if(objects, [&](Widget node) { return graph.root && node == graph.root->widget; });
     objects.insert(objects.end(), Widgets(graph.selected_arcs).begin(),
                    Widgets(graph.selected_arcs).end());
@@ -489,14 +488,14 @@ void XmGraphManageChildren(WidgetList children, int count) {
 
 void XmGraphManageAll(Widget w) {
     if (w && XmIsGraph(w)) {
-        std::vector<Widget> objects = AllObjects(w, true);
+        Vector<Widget> objects = AllObjects(w, true);
         SetManaged(w, objects, true);
     }
 }
 
 void XmGraphUnmanageAll(Widget w) {
     if (w && XmIsGraph(w)) {
-        std::vector<Widget> objects = AllObjects(w, GraphOf(w).num_arcs > 1);
+        Vector<Widget> objects = AllObjects(w, GraphOf(w).num_arcs > 1);
         SetManaged(w, objects, false);
     }
 }

@@ -2,13 +2,14 @@
 // head of an allocation. Entries stay where they are; a block goes back with its last entry.
 #pragma once
 
+#include <corvidlmw/toolkit/Memory.h>
+
 #include <X11/Intrinsic.h>
 
 #include <algorithm>
 #include <functional>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 namespace corvidlmw::list {
 
@@ -87,7 +88,7 @@ private:
 
         bool HasRoom() const { return used < capacity; }
     };
-    using Blocks = std::vector<Block>; // by address
+    using Blocks = Vector<Block>; // by address
 
     static Slot *Allocate(int count) {
         return static_cast<Slot *>(static_cast<void *>(

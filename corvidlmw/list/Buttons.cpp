@@ -19,7 +19,7 @@ XtEnum Btn1TransferOf(Widget w) {
     return ResourceOf<XtEnum>(XmGetXmDisplay(XtDisplay(w)), XmNenableBtn1Transfer, XmOFF);
 }
 
-void Call(Widget w, const std::string &action, XEvent *event) {
+void Call(Widget w, const Text &action, XEvent *event) {
     XtCallActionProc(w, action.c_str(), event, nullptr, 0);
 }
 
@@ -42,7 +42,7 @@ void DragAfterWait(XtPointer closure, XtIntervalId *) {
     }
 }
 
-void Wait(Widget w, XEvent *press, const std::string &action) {
+void Wait(Widget w, XEvent *press, const Text &action) {
     auto &waiting = StateOf(w).waiting_press.emplace();
     waiting.event = *press;
     waiting.action = action;
@@ -57,10 +57,10 @@ bool HasMovedAway(const WaitingPress &waiting, const XMotionEvent &motion) {
            std::abs(motion.y - press.y) >= motion_to_drag;
 }
 
-void PressAfterAll(Widget w, const std::string &release_action, XEvent *release) {
+void PressAfterAll(Widget w, const Text &release_action, XEvent *release) {
     const LifeWatch life(w);
     XEvent press = StateOf(w).waiting_press->event;
-    const std::string action = StateOf(w).waiting_press->action;
+    const Text action = StateOf(w).waiting_press->action;
     StateOf(w).waiting_press.reset();
     Call(w, action, &press);
     if (!life.Ended()) {
@@ -70,7 +70,7 @@ void PressAfterAll(Widget w, const std::string &release_action, XEvent *release)
 
 // ---- Events of the first button -------------------------------------------------------------------------
 
-void Button1Pressed(Widget w, XEvent *event, const std::string &action) {
+void Button1Pressed(Widget w, XEvent *event, const Text &action) {
     StateOf(w).waiting_press.reset();
     const int row = RowFromY(w, event->xbutton.y);
     if (IsRow(ListOf(w), row) && ElementOf(ListOf(w), row).selected) {
@@ -80,7 +80,7 @@ void Button1Pressed(Widget w, XEvent *event, const std::string &action) {
     }
 }
 
-void Button1Moved(Widget w, XEvent *event, const std::string &action) {
+void Button1Moved(Widget w, XEvent *event, const Text &action) {
     const auto &waiting = StateOf(w).waiting_press;
     if (!waiting) {
         Call(w, action, event);
@@ -89,7 +89,7 @@ void Button1Moved(Widget w, XEvent *event, const std::string &action) {
     }
 }
 
-void Button1Released(Widget w, XEvent *event, const std::string &action) {
+void Button1Released(Widget w, XEvent *event, const Text &action) {
     if (StateOf(w).waiting_press) {
         PressAfterAll(w, action, event);
     } else {
@@ -112,7 +112,7 @@ void ListProcessBtn1(Widget w, XEvent *event, String *params, Cardinal *num_para
     if (!params || !num_params || *num_params != 1 || !event) {
         return;
     }
-    const std::string action = params[0];
+    const Text action = params[0];
     const bool transfers = Btn1TransferOf(w) != XmOFF;
     if (transfers && event->type == ButtonPress) {
         Button1Pressed(w, event, action);

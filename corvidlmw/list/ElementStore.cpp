@@ -125,7 +125,7 @@ void SelectNewRows(LmListPart &list, int row, int count) {
 // ---- Rows come ------------------------------------------------------------------------------------
 
 void InsertRows(Widget w, int row, const XmString *strings, int count, Selection selection) {
-    std::vector<OwnedXmString> copies = CopiesOf(strings, std::max(count, 0));
+    Vector<OwnedXmString> copies = CopiesOf(strings, std::max(count, 0));
     AdoptRows(w, row, copies, selection);
 }
 
@@ -256,8 +256,8 @@ void DropLook(Widget w, LmListElement &element) {
 
 // ---- Strings --------------------------------------------------------------------------------------
 
-std::vector<OwnedXmString> CopiesOf(const XmString *strings, int count) {
-    std::vector<OwnedXmString> copies;
+Vector<OwnedXmString> CopiesOf(const XmString *strings, int count) {
+    Vector<OwnedXmString> copies;
     copies.reserve(static_cast<std::size_t>(count));
     std::transform(strings, strings + count, std::back_inserter(copies),
                    [](XmString string) { return OwnedXmString(XmStringCopy(string)); });

@@ -4,7 +4,6 @@
 #include <corvidlmw/list/LmListI.h>
 
 #include <algorithm>
-#include <string>
 
 namespace corvidlmw::list {
 
@@ -23,7 +22,7 @@ void InstallFields(LmListPart &list, std::span<const int> widths) {
 
 // ---- Tables -----------------------------------------------------------------------------------------
 
-using Strings = std::vector<OwnedXmString>;
+using Strings = Vector<OwnedXmString>;
 
 XmString Localized(const char *text) {
     return XmStringCreateLocalized(Name(text ? text : ""));
@@ -31,7 +30,7 @@ XmString Localized(const char *text) {
 
 // The list takes copies.
 void ReplaceItems(Widget w, const Strings &strings) {
-    std::vector<XmString> items;
+    Vector<XmString> items;
     items.reserve(strings.size());
     for (const OwnedXmString &string : strings) {
         items.push_back(string.get());
@@ -49,17 +48,17 @@ Strings RowsAsStrings(std::span<char *const> rows) {
     return strings;
 }
 
-void WidenTo(int &width, XmFontList fonts, const std::string &text) {
+void WidenTo(int &width, XmFontList fonts, const Text &text) {
     const OwnedXmString string(Localized(text.c_str()));
     width = std::max<int>(width, XmStringWidth(fonts, string.get()));
 }
 
 // Tabs that follow each other part two texts once, so an empty column does not count.
-void WidenToRow(std::span<int> widths, XmFontList fonts, const std::string &row) {
+void WidenToRow(std::span<int> widths, XmFontList fonts, const Text &row) {
     std::size_t end = 0;
     for (int &width : widths) {
         const std::size_t start = row.find_first_not_of('\t', end);
-        if (start == std::string::npos) {
+        if (start == Text::npos) {
             return;
         }
         end = std::min(row.find('\t', start), row.size());
@@ -67,8 +66,8 @@ void WidenToRow(std::span<int> widths, XmFontList fonts, const std::string &row)
     }
 }
 
-std::vector<int> ColumnWidths(XmFontList fonts, std::span<char *const> rows, int columns) {
-    std::vector<int> widths(static_cast<std::size_t>(columns));
+Vector<int> ColumnWidths(XmFontList fonts, std::span<char *const> rows, int columns) {
+    Vector<int> widths(static_cast<std::size_t>(columns));
     for (const char *row : rows) {
         WidenToRow(widths, fonts, row ? row : "");
     }

@@ -23,7 +23,8 @@ LmListCallbackStruct DataOf(const LmListPart &list, XEvent *event, int row) {
 
 bool Call(Widget w, const char *callbacks, int reason, LmListCallbackStruct &data) {
     data.reason = reason;
-    return CallClient(w, [&] { XtCallCallbacks(w, callbacks, &data); });
+    const auto call = [&] { XtCallCallbacks(w, callbacks, &data); };
+    return CallClient(w, std::ref(call));
 }
 
 // Motion compares with the row that is selected, which is not the one that was armed.

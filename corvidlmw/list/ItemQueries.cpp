@@ -9,14 +9,14 @@ namespace corvidlmw::list {
 namespace {
 
 // The client frees them.
-int *NewPositions(const std::vector<int> &rows) {
+int *NewPositions(const Vector<int> &rows) {
     auto *positions = static_cast<int *>(
         static_cast<void *>(XtCalloc(static_cast<Cardinal>(rows.size()), sizeof(int))));
     std::transform(rows.begin(), rows.end(), positions, [](int row) { return row + 1; });
     return positions;
 }
 
-Boolean Give(const std::vector<int> &rows, int **positions, int *count) {
+Boolean Give(const Vector<int> &rows, int **positions, int *count) {
     if (rows.empty()) {
         return False;
     }
@@ -29,8 +29,8 @@ Boolean Give(const std::vector<int> &rows, int **positions, int *count) {
     return True;
 }
 
-std::vector<int> RowsEqualTo(const LmListPart &list, XmString string) {
-    std::vector<int> rows;
+Vector<int> RowsEqualTo(const LmListPart &list, XmString string) {
+    Vector<int> rows;
     for (int row = FindRow(list, string); row >= 0; row = FindRow(list, string, row + 1)) {
         rows.push_back(row);
     }

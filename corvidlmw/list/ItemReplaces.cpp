@@ -49,8 +49,8 @@ void ReplaceItems(Widget w, const XmString *old_items, int count, const XmString
     if (!IsList(w) || !old_items || !new_items || count < 1 || ListOf(w).item_count == 0) {
         return;
     }
-    const std::vector<OwnedXmString> old_copies = CopiesOf(old_items, count);
-    const std::vector<OwnedXmString> new_copies = CopiesOf(new_items, count);
+    const Vector<OwnedXmString> old_copies = CopiesOf(old_items, count);
+    const Vector<OwnedXmString> new_copies = CopiesOf(new_items, count);
     Replacement replacement(w, selection);
     for (std::size_t i = 0; i < old_copies.size(); i++) {
         const int row = FindRow(ListOf(w), old_copies[i].get());

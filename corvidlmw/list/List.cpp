@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
-#include <string>
 
 using namespace corvidlmw;
 using namespace corvidlmw::list;
@@ -163,7 +162,7 @@ void ClassInitialize() {
 void ClassPartInitialize(WidgetClass widget_class) {
     SetFastSubclass(widget_class, XmLIST_BIT);
     if (!widget_class->core_class.tm_table) {
-        const std::string text = std::string(_XmList_ListXlations1) + _XmList_ListXlations2;
+        const Text text = Text(_XmList_ListXlations1) + _XmList_ListXlations2;
         widget_class->core_class.tm_table =
             reinterpret_cast<String>(XtParseTranslationTable(text.c_str()));
     }
@@ -208,7 +207,7 @@ void ClearState(LmListPart &list) {
     list.vertical_maximum = list.vertical_origin = list.vertical_extent = 0;
     list.horizontal_minimum = list.horizontal_maximum = 0;
     list.horizontal_origin = list.horizontal_extent = 0;
-    list.internal = new ListState;
+    list.internal = New<ListState>();
 }
 
 // Strings that the client gives at the creation. A count without strings, or strings without a count,
@@ -304,15 +303,15 @@ void Destroy(Widget w) {
           XmNactivateCallback}) {
         XtRemoveAllCallbacks(w, name);
     }
-    delete &StateOf(list);
+    Delete(&StateOf(list));
     list.internal = nullptr;
 }
 
 // ---- Creation -------------------------------------------------------------------------------------
 
-std::vector<Arg> ScrolledWindowArgs(ArgList args, Cardinal arg_count) {
+Vector<Arg> ScrolledWindowArgs(ArgList args, Cardinal arg_count) {
     const auto given = Span(args, &arg_count);
-    std::vector<Arg> all(given.begin(), given.end());
+    Vector<Arg> all(given.begin(), given.end());
     all.insert(all.end(), {{Name(XmNscrollingPolicy), XmAPPLICATION_DEFINED},
                            {Name(XmNvisualPolicy), XmVARIABLE},
                            {Name(XmNscrollBarDisplayPolicy), XmSTATIC},
@@ -329,8 +328,8 @@ Widget LmCreateList(Widget parent, char *name, ArgList args, Cardinal arg_count)
 }
 
 Widget LmCreateScrolledList(Widget parent, char *name, ArgList args, Cardinal arg_count) {
-    const std::string window_name = std::string(name ? name : "") + "SW";
-    std::vector<Arg> window_args = ScrolledWindowArgs(args, arg_count);
+    const Text window_name = Text(name ? name : "") + "SW";
+    Vector<Arg> window_args = ScrolledWindowArgs(args, arg_count);
     Widget window =
         XtCreateManagedWidget(window_name.c_str(), xmScrolledWindowWidgetClass, parent,
                               window_args.data(), static_cast<Cardinal>(window_args.size()));

@@ -17,8 +17,6 @@
 #include <functional>
 #include <optional>
 #include <span>
-#include <string>
-#include <vector>
 
 namespace corvidlmw::list {
 
@@ -27,7 +25,7 @@ namespace corvidlmw::list {
 // A press of the first button that can still become a drag.
 struct WaitingPress {
     XEvent event{};
-    std::string action; // that the press would run
+    Text action; // that the press would run
     XtIntervalId timer = 0;
 
     WaitingPress() = default;
@@ -70,7 +68,7 @@ struct ListState {
     bool rows_reach_out = false; // into what they do not clear
     Pixmap insensitive_tile = XmUNSPECIFIED_PIXMAP;
     bool in_query = false;
-    std::vector<Widget> made_bars; // those of them that live, also after the client exchanged them
+    Vector<Widget> made_bars; // those of them that live, also after the client exchanged them
     std::optional<WaitingPress> waiting_press;
     const LmListElement *armed = nullptr; // the row that armed_item was set for; NULL if that went
 };
@@ -187,7 +185,7 @@ void RemoveAllRows(Widget w);
 // The first row from `from` on with an equal string, or -1.
 int FindRow(const LmListPart &list, XmString string, int from = 0);
 // Strings that a client passes can be the list's own, and go while they are still needed.
-std::vector<OwnedXmString> CopiesOf(const XmString *strings, int count);
+Vector<OwnedXmString> CopiesOf(const XmString *strings, int count);
 
 // Gives a row another icon, or indent; heights and widths that are kept of all rows follow.
 void SetRowIcon(Widget w, int row, Pixmap icon, Dimension width, Dimension height);
@@ -358,7 +356,8 @@ int FieldFromX(Widget w, int x, int indent);
 void StopScrolling(LmListPart &list);
 // The release, or what stands for it.
 void EndGesture(LmListPart &list);
-// Calls client code. False if the list died of it.
+// Calls client code. False if the list died of it. Hand over a reference to the call: a copy of it would lie
+// on the heap of the standard library.
 bool CallClient(Widget w, const std::function<void()> &call);
 
 // Rebuild the snapshots and run the selection callbacks of the policy, or those of the default action,

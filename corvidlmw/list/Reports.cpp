@@ -143,14 +143,15 @@ public:
 
     // False if the list died of it.
     bool Send(XtCallbackList callbacks) {
-        return CallClient(widget_, [&] { XtCallCallbackList(widget_, callbacks, &data_); });
+        const auto call = [&] { XtCallCallbackList(widget_, callbacks, &data_); };
+        return CallClient(widget_, std::ref(call));
     }
 
 private:
     Widget widget_;
     LmListCallbackStruct data_{};
-    std::vector<XmString> strings_;
-    std::vector<int> positions_;
+    Vector<XmString> strings_;
+    Vector<int> positions_;
 };
 
 struct Kind {

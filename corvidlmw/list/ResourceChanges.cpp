@@ -112,7 +112,7 @@ struct GivenStrings {
     int count = 0;
     bool changed = false;
     bool too_long = false; // for the array of the list's own that it is a part of
-    std::vector<OwnedXmString> copies;
+    Vector<OwnedXmString> copies;
 };
 
 // One XtSetValues.

@@ -3,7 +3,6 @@
 #include <corvidlmw/list/LmListI.h>
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace corvidlmw::list {
 
@@ -60,7 +59,7 @@ private:
     }
 
     Display *display_;
-    std::unordered_map<Pixmap, IconSize> sizes_;
+    UnorderedMap<Pixmap, IconSize> sizes_;
 };
 
 void WidenIconColumn(LmListPart &list) {

@@ -45,8 +45,8 @@ int RowSet::LastBefore(int row) const {
     }
 }
 
-std::vector<int> RowSet::Rows() const {
-    std::vector<int> rows;
+Vector<int> RowSet::Rows() const {
+    Vector<int> rows;
     rows.reserve(static_cast<std::size_t>(size_));
     ForEach([&rows](int row) { rows.push_back(row); });
     return rows;

@@ -2,10 +2,11 @@
 // Looking for the next row of the set passes over 64 rows at a time.
 #pragma once
 
+#include <corvidlmw/toolkit/Memory.h>
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace corvidlmw::list {
 
@@ -42,7 +43,7 @@ public:
         }
     }
 
-    std::vector<int> Rows() const;
+    Vector<int> Rows() const;
 
     // Rows that come are no members; those from `row` on move.
     void InsertRows(int row, int count);
@@ -59,7 +60,7 @@ private:
     Word WordAt(int row) const;
     void Trim();
 
-    std::vector<Word> words_; // only as many as members need, and sometimes a few more
+    Vector<Word> words_; // only as many as members need, and sometimes a few more
     int size_ = 0;
 };
 

@@ -93,7 +93,7 @@ void StopListeningTo(Widget bar, Widget w) {
 
 // ---- Making bars ----------------------------------------------------------------------------------------
 
-void FillLooks(Widget w, std::vector<Arg> &args) {
+void FillLooks(Widget w, Vector<Arg> &args) {
     const auto add = [&args](const char *name, XtArgVal value) {
         args.push_back({Name(name), value});
     };
@@ -111,7 +111,7 @@ void FillLooks(Widget w, std::vector<Arg> &args) {
     add(XmNsensitive, static_cast<XtArgVal>(w->core.sensitive));
 }
 
-Widget CreateBar(Widget w, const char *name, std::vector<Arg> args) {
+Widget CreateBar(Widget w, const char *name, Vector<Arg> args) {
     FillLooks(w, args);
     Widget bar = XtCreateWidget(name, svScrollBarWidgetClass, ListOf(w).scrolled_window,
                                 args.data(), static_cast<Cardinal>(args.size()));

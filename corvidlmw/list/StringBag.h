@@ -2,10 +2,11 @@
 // so a look at the text passes over nearly all that are not.
 #pragma once
 
+#include <corvidlmw/toolkit/Memory.h>
+
 #include <Xm/Xm.h>
 
 #include <cstdint>
-#include <unordered_map>
 
 namespace corvidlmw::list {
 
@@ -21,7 +22,7 @@ public:
     bool Take(XmString string);
 
 private:
-    using Strings = std::unordered_multimap<std::uint64_t, XmString>;
+    using Strings = UnorderedMultimap<std::uint64_t, XmString>;
 
     Strings::const_iterator Find(XmString string) const;
 

@@ -2,7 +2,7 @@
 // rows come and go.
 #pragma once
 
-#include <map>
+#include <corvidlmw/toolkit/Memory.h>
 
 namespace corvidlmw::list {
 
@@ -20,7 +20,7 @@ public:
     int HighestOr(int preset) const { return counts_.empty() ? preset : counts_.rbegin()->first; }
 
 private:
-    std::map<int, int> counts_;
+    Map<int, int> counts_;
 };
 
 } // namespace corvidlmw::list

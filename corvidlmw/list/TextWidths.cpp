@@ -2,8 +2,6 @@
 
 #include <corvidlmw/toolkit/Toolkit.h>
 
-#include <string>
-
 namespace corvidlmw::list {
 
 namespace {
@@ -67,7 +65,7 @@ void TextWidths::Take(XmFontList fonts) {
         return;
     }
     widths_.fill(not_plain);
-    std::string probe;
+    Text probe;
     for (char character = first; character <= last; character++) {
         widths_[static_cast<unsigned char>(character)] =
             CutToPosition(XTextWidth(font, &character, 1));
@@ -78,8 +76,8 @@ void TextWidths::Take(XmFontList fonts) {
     usable_ = AgreesWithToolkit(fonts, probe) && AgreesWithToolkit(fonts, probe + probe);
 }
 
-bool TextWidths::AgreesWithToolkit(XmFontList fonts, const std::string &text) {
-    std::string writable = text;
+bool TextWidths::AgreesWithToolkit(XmFontList fonts, const Text &text) {
+    Text writable = text;
     const OwnedXmString string(XmStringCreateLocalized(writable.data()));
     Dimension width = 0;
     Dimension height = 0;

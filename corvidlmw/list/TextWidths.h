@@ -3,11 +3,11 @@
 #pragma once
 
 #include <corvidlmw/toolkit/MotifPrivate.h>
+#include <corvidlmw/toolkit/Memory.h>
 
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <string>
 
 namespace corvidlmw::list {
 
@@ -34,7 +34,7 @@ public:
 private:
     using Width = std::int64_t;
 
-    bool AgreesWithToolkit(XmFontList fonts, const std::string &text);
+    bool AgreesWithToolkit(XmFontList fonts, const Text &text);
     bool BeginWalk(XmString string);
     void DropContext();
     Width WidthOf(const char *text, unsigned length) const;

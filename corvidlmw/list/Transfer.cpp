@@ -10,7 +10,6 @@
 #include <X11/Xatom.h>
 
 #include <cstring>
-#include <string>
 
 namespace corvidlmw::list {
 
@@ -23,7 +22,7 @@ Atom AtomOf(Widget w, const char *name) {
 }
 
 // False if a string cannot be converted.
-bool AppendLine(std::string &text, XmString string) {
+bool AppendLine(Text &text, XmString string) {
     if (!string) {
         return false;
     }
@@ -53,7 +52,7 @@ Time TimeOf(Widget w, XEvent *event) {
 }
 
 // The terminating zero goes along.
-void PutOnClipboard(Widget w, Time time, std::string &text) {
+void PutOnClipboard(Widget w, Time time, Text &text) {
     Display *const display = XtDisplay(w);
     const Window window = XtWindow(w);
     const OwnedXmString label(
@@ -91,12 +90,12 @@ void Free(LmListTransfer *transfer) {
 }
 
 // A selected row takes all selected rows along.
-std::vector<int> RowsToDrag(const LmListPart &list, int row) {
+Vector<int> RowsToDrag(const LmListPart &list, int row) {
     const RowSet &selected = StateOf(list).selected;
-    return selected.Contains(row) ? selected.Rows() : std::vector<int>{row};
+    return selected.Contains(row) ? selected.Rows() : Vector<int>{row};
 }
 
-LmListTransfer *NewTransfer(Widget w, const std::vector<int> &rows) {
+LmListTransfer *NewTransfer(Widget w, const Vector<int> &rows) {
     auto *transfer =
         static_cast<LmListTransfer *>(static_cast<void *>(XtCalloc(1, sizeof(LmListTransfer))));
     transfer->widget = w;
@@ -122,7 +121,7 @@ bool OfferTargets(Widget context, Atom *type, XtPointer *value, unsigned long *l
 }
 
 // What cannot be converted is left out; but if that is the last string, there is no answer at all.
-bool ConvertRows(const LmListTransfer &transfer, std::string &text) {
+bool ConvertRows(const LmListTransfer &transfer, Text &text) {
     bool converted = false;
     for (int i = 0; i < transfer.count; i++) {
         converted = AppendLine(text, transfer.strings[i]);
@@ -131,7 +130,7 @@ bool ConvertRows(const LmListTransfer &transfer, std::string &text) {
 }
 
 // The terminating zero stays out of the length.
-char *CopyForToolkit(const std::string &text) {
+char *CopyForToolkit(const Text &text) {
     char *copy = XtMalloc(static_cast<Cardinal>(text.size() + 1));
     std::memcpy(copy, text.c_str(), text.size() + 1);
     return copy;
@@ -147,7 +146,7 @@ Boolean ListConvert(Widget context, Atom *selection, Atom *target, Atom *type, X
     if (*target == AtomOf(context, "TARGETS")) {
         return OfferTargets(context, type, value, length, format);
     }
-    std::string text;
+    Text text;
     if (*target != AtomOf(context, compound_text) || !transfer || !ConvertRows(*transfer, text)) {
         return False;
     }
@@ -199,7 +198,7 @@ void StartDrag(Widget w, XEvent *event, LmListTransfer *transfer) {
 
 void ListCopyToClipboard(Widget w, XEvent *event, String *, Cardinal *) {
     const auto &list = ListOf(w);
-    std::string text;
+    Text text;
     for (int i = 0; list.selected_items && i < list.selected_item_count; i++) {
         AppendLine(text, list.selected_items[i]);
     }

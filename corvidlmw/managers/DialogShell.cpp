@@ -2,17 +2,14 @@
 
 #include <Xm/DialogS.h>
 
-#include <string>
-#include <vector>
-
 namespace corvidlmw {
 
 Widget CreateInDialogShell(Widget parent, String name, WidgetClass widget_class, ArgList args,
                            Cardinal argcount) {
     String own_name = name ? name : Name("");
-    std::string shell_name = std::string(own_name) + "_popup";
+    Text shell_name = Text(own_name) + "_popup";
     const std::span<Arg> given = Span(args, &argcount);
-    std::vector<Arg> shell_args(given.begin(), given.end());
+    Vector<Arg> shell_args(given.begin(), given.end());
     shell_args.push_back({Name(XmNallowShellResize), True});
     Widget shell = XmCreateDialogShell(parent, shell_name.data(), shell_args.data(),
                                        static_cast<Cardinal>(shell_args.size()));

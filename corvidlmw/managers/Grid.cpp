@@ -173,7 +173,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
     managers::ReplaceEmptySize(new_w);
     RepairCounts(new_w);
     managers::NoteShadow(new_w);
-    GridOf(new_w).internal = new GridState;
+    GridOf(new_w).internal = New<GridState>();
     CreateTables(GridOf(new_w));
 }
 
@@ -192,7 +192,7 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
 void Destroy(Widget w) {
     auto &grid = GridOf(w);
     FreeTables(grid);
-    delete &StateOf(grid);
+    Delete(&StateOf(grid));
     grid.internal = nullptr;
 }
 

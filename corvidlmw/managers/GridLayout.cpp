@@ -8,7 +8,6 @@
 #include <corvidlmw/managers/Placing.h>
 
 #include <algorithm>
-#include <vector>
 
 namespace corvidlmw::grid {
 
@@ -18,14 +17,13 @@ enum class Dying { Count, Skip };
 
 // For each row and column the largest extent of its children, borders included.
 struct Extents {
-    std::vector<int> rows;
-    std::vector<int> columns;
+    Vector<int> rows;
+    Vector<int> columns;
 };
 
 Extents LargestExtents(Widget w, Dying in_rows, Dying in_columns) {
     auto &grid = GridOf(w);
-    Extents largest{std::vector<int>(RowsOf(grid).size()),
-                    std::vector<int>(ColumnsOf(grid).size())};
+    Extents largest{Vector<int>(RowsOf(grid).size()), Vector<int>(ColumnsOf(grid).size())};
     Widget *cell = grid.cells;
     for (int &row : largest.rows) {
         for (int &column : largest.columns) {

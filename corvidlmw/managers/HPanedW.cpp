@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
 
 using namespace corvidlmw;
 using namespace corvidlmw::managers;
@@ -153,7 +152,7 @@ void Initialize(Widget, Widget new_w, ArgList, Cardinal *) {
     paned.flipgc = nullptr;
     paned.managed_children =
         reinterpret_cast<Widget *>(XtMalloc(sizeof(Widget) * static_cast<Cardinal>(first_slots)));
-    paned.internal = new PanedState;
+    paned.internal = New<PanedState>();
     ReplaceEmptySize(new_w);
 }
 
@@ -182,16 +181,16 @@ void Destroy(Widget w) {
     XtFree(reinterpret_cast<char *>(paned.managed_children));
     paned.managed_children = nullptr;
     paned.pane_count = paned.num_managed_children = 0;
-    delete &StateOf(w);
+    Delete(&StateOf(w));
     paned.internal = nullptr;
 }
 
 // ---- Resource changes -------------------------------------------------------------------------------
 
 // What the sashes are told, with the values of 0 mended before.
-std::vector<Arg> ChangedSashArgs(const XmHorzPanedWindowPart &before,
-                                 const XmHorzPanedWindowPart &after) {
-    std::vector<Arg> args;
+Vector<Arg> ChangedSashArgs(const XmHorzPanedWindowPart &before,
+                            const XmHorzPanedWindowPart &after) {
+    Vector<Arg> args;
     const auto add = [&](const char *name, Dimension old_value, Dimension new_value) {
         if (old_value != new_value) {
             args.push_back({Name(name), static_cast<XtArgVal>(new_value)});
@@ -214,7 +213,7 @@ void KeepSashesVisible(const XmHorzPanedWindowPart &before, XmHorzPanedWindowPar
 
 // The last pane's separator is among them: it ends unmanaged by the ChangeManaged that runs in here.
 void ShowSeparators(Widget w) {
-    std::vector<Widget> separators;
+    Vector<Widget> separators;
     ForEachRectangle(w, [&](Widget child) {
         const auto &constraint = ConstraintOf(child);
         if (constraint.is_pane && constraint.separator && XtIsManaged(child)) {
@@ -229,7 +228,7 @@ void ShowSeparators(Widget w) {
     }
 }
 
-void ChangeSashes(Widget w, std::vector<Arg> &args) {
+void ChangeSashes(Widget w, Vector<Arg> &args) {
     ForEachRectangle(w, [&](Widget child) {
         Widget sash = ConstraintOf(child).sash;
         if (!ConstraintOf(child).is_pane || !sash) {
@@ -275,7 +274,7 @@ Boolean SetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
         redisplay = True;
     }
     KeepSashesVisible(before, after);
-    std::vector<Arg> args = ChangedSashArgs(before, after);
+    Vector<Arg> args = ChangedSashArgs(before, after);
     if (before.separator_on != after.separator_on && NumChildrenOf(new_w) >= 3) {
         ShowSeparators(new_w);
     }

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
-#include <vector>
 
 namespace corvidlmw::managers {
 
@@ -168,7 +167,7 @@ public:
     // New windows lie above those that stay; what was hidden may have missed some.
     void Apply(bool has_new_windows) {
         XtUnmanageChildren(hidden_.data(), static_cast<Cardinal>(hidden_.size()));
-        std::vector<Widget> new_ones;
+        Vector<Widget> new_ones;
         std::ranges::copy_if(shown_, std::back_inserter(new_ones),
                              [](Widget own) { return !XtIsManaged(own); });
         XtManageChildren(new_ones.data(), static_cast<Cardinal>(new_ones.size()));
@@ -180,8 +179,8 @@ public:
     }
 
 private:
-    std::vector<Widget> shown_;
-    std::vector<Widget> hidden_;
+    Vector<Widget> shown_;
+    Vector<Widget> hidden_;
 };
 
 void Trim(Widget w, Widget pane, Trimmings &trimmings) {

@@ -3,7 +3,6 @@
 #include <corvidlmw/managers/Placing.h>
 
 #include <algorithm>
-#include <vector>
 
 namespace corvidlmw::managers {
 
@@ -24,8 +23,8 @@ bool HasFixedWidth(Widget pane) {
 
 namespace {
 
-std::vector<Pane> PanesOf(Widget w) {
-    std::vector<Pane> panes;
+Vector<Pane> PanesOf(Widget w) {
+    Vector<Pane> panes;
     panes.reserve(static_cast<std::size_t>(PanedOf(w).pane_count));
     ForEachPane(w, [&](Widget child) {
         const auto &constraint = ConstraintOf(child);
@@ -53,7 +52,7 @@ void RefigureLocations(Widget w, int index, Direction direction, FitRules rules)
     if (!PanedOf(w).refiguremode) {
         return;
     }
-    std::vector<Pane> panes = PanesOf(w);
+    Vector<Pane> panes = PanesOf(w);
     FitPanes(RowOf(w), panes, index, direction, rules);
     auto fitted = panes.cbegin();
     ForEachPane(w, [&](Widget pane) {

@@ -13,7 +13,6 @@
 #include <cstdlib>
 #include <limits>
 #include <utility>
-#include <vector>
 
 namespace corvidlmw::managers {
 
@@ -87,7 +86,7 @@ XSegment LineAt(Widget w, Widget pane, Position x) {
     return {at, 0, at, CutToPosition(StateOf(w).line_height)};
 }
 
-void Invert(Widget w, std::vector<XSegment> &lines) {
+void Invert(Widget w, Vector<XSegment> &lines) {
     if (!lines.empty() && PanedOf(w).flipgc && HasWindow(w)) {
         XDrawSegments(XtDisplay(w), XtWindow(w), PanedOf(w).flipgc, lines.data(),
                       static_cast<int>(lines.size()));
@@ -103,7 +102,7 @@ void MoveTrack(Widget w) {
             AdjustGC(w);
         }
     }
-    std::vector<XSegment> lines;
+    Vector<XSegment> lines;
     for (int i = 1; i < PanedOf(w).pane_count; ++i) {
         auto &constraint = ConstraintOf(PaneAt(w, i));
         if (constraint.dx == constraint.olddx) {
@@ -125,7 +124,7 @@ void EraseTrack(Widget w) {
     if (!StateOf(w).lines_shown) {
         return;
     }
-    std::vector<XSegment> lines;
+    Vector<XSegment> lines;
     ForEachRectangle(w, [&](Widget child) {
         auto &constraint = ConstraintOf(child);
         if (constraint.is_pane && constraint.olddx != no_line) {

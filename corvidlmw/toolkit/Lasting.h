@@ -2,6 +2,8 @@
 // libraries that it uses are gone. To be made within a function, at the first use.
 #pragma once
 
+#include <corvidlmw/toolkit/Memory.h>
+
 namespace corvidlmw {
 
 template <class T>
@@ -10,7 +12,7 @@ public:
     T &operator*() const { return value_; }
 
 private:
-    T &value_ = *new T;
+    T &value_ = *New<T>();
 };
 
 } // namespace corvidlmw

@@ -10,8 +10,8 @@
 
 namespace corvidlmw {
 
-std::vector<XRectangle> RectanglesOf(Region region) {
-    std::vector<XRectangle> rectangles(static_cast<std::size_t>(region->numRects));
+Vector<XRectangle> RectanglesOf(Region region) {
+    Vector<XRectangle> rectangles(static_cast<std::size_t>(region->numRects));
     std::transform(
         region->rects, region->rects + region->numRects, rectangles.begin(), [](const BOX &box) {
             return XRectangle{box.x1, box.y1, static_cast<unsigned short>(box.x2 - box.x1),

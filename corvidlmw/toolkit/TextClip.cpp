@@ -23,7 +23,7 @@ void TextClip::Clip(XmFontList fonts) {
     if (clipped_ || !HasAntialiasedFont(fonts)) {
         return;
     }
-    std::vector<XRectangle> rectangles = RectanglesOf(region_);
+    Vector<XRectangle> rectangles = RectanglesOf(region_);
     _XmXftSetClipRectangles(display_, window_, 0, 0, rectangles.data(),
                             static_cast<int>(rectangles.size()));
     clipped_ = true;

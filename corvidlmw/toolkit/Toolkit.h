@@ -3,6 +3,7 @@
 #pragma once
 
 #include <corvidlmw/toolkit/Geometry.h>
+#include <corvidlmw/toolkit/Memory.h>
 #include <corvidlmw/toolkit/MotifPrivate.h>
 
 #include <X11/Xutil.h>

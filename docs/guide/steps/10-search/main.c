@@ -1,4 +1,6 @@
 /* Looks for nodes of a DOT file: main FILE */
+#include <stdio.h>
+
 #include <Xm/Xm.h>
 
 #include <corvidlmw/gadget/IconG.h>
@@ -30,7 +32,11 @@ int main(int argc, char **argv) {
     Widget shell =
         XtVaOpenApplication(&app, "Guide", NULL, 0, &argc, argv, NULL, applicationShellWidgetClass,
                             XmNwidth, 700, XmNheight, 360, NULL);
-    Agraph_t *data = ReadArgument(argc, argv);
+    if (argc != 2) {
+        fprintf(stderr, "usage: %s FILE\n", argv[0]);
+        return 2;
+    }
+    Agraph_t *data = ReadDot(argv[1]);
     if (!data)
         return 1;
 
