@@ -64,7 +64,7 @@ void ExpectArc(const Living &living, Widget arc) {
 
 } // namespace
 
-void ExpectConsistent(Widget graph) {
+void ExpectConsistentLists(Widget graph) {
     const Living living(graph);
     for (NodePtr node : living.nodes) {
         living.ExpectArcs(node->from_arcs, node->widget, &XmArcPart::from);
@@ -79,8 +79,15 @@ void ExpectConsistent(Widget graph) {
     const auto &part = GraphPartOf(graph);
     living.ExpectNodes(part.user_roots, "user_roots");
     living.ExpectNodes(part.selected_nodes, "selected_nodes");
+    for (Widget arc : ArcsIn(part.selected_arcs))
+        EXPECT_TRUE(living.arcs.contains(arc)) << "selected_arcs names a dead arc";
     EXPECT_EQ(part.root, NodeRecOf(CompositeOf(graph).children[0]));
     EXPECT_EQ(part.root->children.count + part.root->tree_children.count, 0);
+}
+
+void ExpectConsistent(Widget graph) {
+    ExpectConsistentLists(graph);
+    const auto &part = GraphPartOf(graph);
     EXPECT_EQ(part.current_arc, nullptr);
     EXPECT_EQ(part.current_node, nullptr);
 }

@@ -74,7 +74,9 @@ inline Widgets NodesOf(Widget graph) {
     return {nodes, nodes + count};
 }
 
-// Expects that all lists of a graph agree with one another and name only what is alive.
+// Expects that all lists of a graph agree with one another and name only what is alive; the second, also
+// that no gesture is under way.
+void ExpectConsistentLists(Widget graph);
 void ExpectConsistent(Widget graph);
 
 // A resource of up to 8 bytes, widened with zeros.

@@ -109,7 +109,9 @@ XServer::~XServer() {
     waitpid(process_, nullptr, 0);
 }
 
+// Closing the parent's connection would speak to the server for the parent; it stays as it is.
 void XServer::ReopenRobot() {
+    [[maybe_unused]] static Display *const inherited = robot_;
     robot_ = OpenRobot(name_);
 }
 

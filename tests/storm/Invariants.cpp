@@ -1,0 +1,184 @@
+#include <tests/storm/Invariants.h>
+
+#include <tests/storm/Deferred.h>
+#include <tests/support/Complaints.h>
+#include <tests/support/GoogleTest.h>
+#include <tests/support/Interpose.h>
+
+#include <corvidlmw/gadget/IconGP.h>
+#include <corvidlmw/graph/ArcP.h>
+#include <corvidlmw/list/LmList.h>
+#include <corvidlmw/managers/GridP.h>
+#include <corvidlmw/managers/HPanedWP.h>
+#include <corvidlmw/scrollbar/SvScrollBarP.h>
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
+
+namespace corvidlmw::storm {
+
+namespace {
+
+// ---- All widgets ----------------------------------------------------------------------------------
+
+std::span<const Widget> ChildrenOf(Widget w) {
+    if (!XtIsComposite(w))
+        return {};
+    const auto &composite = reinterpret_cast<CompositeWidget>(w)->composite;
+    return {composite.children, composite.num_children};
+}
+
+struct Check {
+    WidgetClass *of;
+    void (*run)(Widget w);
+};
+constexpr Check checks[] = {
+    {&xmGraphWidgetClass, CheckGraph},         {&lmListWidgetClass, CheckList},
+    {&svScrollBarWidgetClass, CheckScrollBar}, {&xmGridWidgetClass, CheckGrid},
+    {&xmHorzPanedWindowWidgetClass, CheckPanes},
+};
+
+// In such units a client can ask for less than a pixel.
+bool HasOtherUnits(Widget w) {
+    unsigned char unit_type = XmPIXELS;
+    XtVaGetValues(w, XmNunitType, &unit_type, nullptr);
+    return unit_type != XmPIXELS;
+}
+
+void CheckOne(Widget w) {
+    if (w->core.being_destroyed)
+        return;
+    for (const Check &check : checks)
+        if (XtClass(w) == *check.of)
+            check.run(w);
+    const bool has_size = !XtIsWidget(w) || !XtIsRealized(w) || HasOtherUnits(w);
+    EXPECT_TRUE(has_size || (w->core.width > 0 && w->core.height > 0))
+        << XtName(w) << " has no size";
+}
+
+// ---- Warnings ---------------------------------------------------------------------------------------
+
+// What is said to a client that gives nonsense.
+constexpr std::array<std::string_view, 1> known_warnings = {""};
+
+bool IsKnown(const std::string &warning) {
+    return std::any_of(known_warnings.begin(), known_warnings.end(), [&](std::string_view known) {
+        return warning.find(known) != std::string::npos;
+    });
+}
+
+// The server had no room for a picture of that size.
+bool IsKnown(const test::XErrorRecord &error) {
+    return error.error_code == BadAlloc;
+}
+
+} // namespace
+
+void CheckWidgets(World &world) {
+    std::vector<Widget> left, gadgets;
+    if (world.shell)
+        left.push_back(world.shell);
+    while (!left.empty()) {
+        Widget w = left.back();
+        left.pop_back();
+        CheckOne(w);
+        if (XtClass(w) == xmvIconGadgetClass)
+            gadgets.push_back(w);
+        const auto children = ChildrenOf(w);
+        left.insert(left.end(), children.begin(), children.end());
+        if (XtIsWidget(w))
+            left.insert(left.end(), w->core.popup_list, w->core.popup_list + w->core.num_popups);
+        if (XtIsSubclass(w, xmGraphWidgetClass)) {
+            const auto &graph = reinterpret_cast<XmGraphWidget>(w)->graph;
+            std::for_each(graph.arcs, graph.arcs + graph.num_arcs, CheckOne);
+        }
+    }
+    CheckSharedParts(gadgets);
+}
+
+void CheckComplaints() {
+    auto &complaints = test::Complaints::Current();
+    for (const auto &warning : complaints.warnings)
+        if (!IsKnown(warning))
+            ADD_FAILURE() << "unexpected warning: " << warning;
+    for (const auto &error : complaints.x_errors)
+        if (!IsKnown(error))
+            ADD_FAILURE() << "X error: " << error.text << ", request " << error.request_code << "."
+                          << error.minor_code << ", resource " << error.resource;
+    complaints = {};
+}
+
+// Whoever saw a press that never was sees a release.
+void CheckRest(World &world) {
+    world.LetGoOfAll();
+    const bool at_rest = world.ComeToRest();
+    EXPECT_EQ(WaitingTimers(), 0) << "timers left";
+    EXPECT_EQ(WaitingWorkProcs(), 0) << "work procedures left";
+    EXPECT_TRUE(at_rest) << "there is no end of events";
+    EXPECT_TRUE(world.IsUngrabbed()) << "a grab is left";
+}
+
+// ---- Scroll bar -------------------------------------------------------------------------------------
+
+void CheckScrollBar(Widget w) {
+    const auto &bar = reinterpret_cast<SvScrollBarWidget>(w)->scroll_bar;
+    EXPECT_LT(bar.minimum, bar.maximum);
+    EXPECT_GE(bar.slider_size, 1);
+    EXPECT_LE(bar.slider_size, static_cast<long>(bar.maximum) - bar.minimum);
+    EXPECT_GE(bar.value, bar.minimum);
+    EXPECT_LE(static_cast<long>(bar.value) + bar.slider_size, bar.maximum);
+    EXPECT_GE(bar.increment, 1);
+    EXPECT_GE(bar.page_increment, 1);
+}
+
+// ---- Grid -------------------------------------------------------------------------------------------
+
+void CheckGrid(Widget w) {
+    const auto &grid = reinterpret_cast<XmGridWidget>(w)->grid;
+    ASSERT_GE(grid.num_rows, 1);
+    ASSERT_GE(grid.num_columns, 1);
+    const auto children = ChildrenOf(w);
+    for (int i = 0; i < grid.num_rows * grid.num_columns; i++) {
+        Widget child = grid.cells[i];
+        if (!child)
+            continue;
+        ASSERT_NE(std::find(children.begin(), children.end(), child), children.end())
+            << "cell " << i << " holds a dead child";
+        const auto &place = static_cast<XmGridConstraintPtr>(child->core.constraints)->grid;
+        EXPECT_EQ(place.row * grid.num_columns + place.column, i) << "a child in another's cell";
+    }
+}
+
+// ---- Paned window -----------------------------------------------------------------------------------
+
+void CheckPanes(Widget w) {
+    const auto &panes = reinterpret_cast<XmHorzPanedWindowWidget>(w)->horz_paned_window;
+    const auto children = ChildrenOf(w);
+    ASSERT_LE(panes.pane_count, panes.num_managed_children);
+    ASSERT_LE(panes.num_managed_children, panes.num_slots);
+    for (int i = 0; i < panes.num_managed_children; i++) {
+        Widget child = panes.managed_children[i];
+        ASSERT_NE(std::find(children.begin(), children.end(), child), children.end())
+            << "managed child " << i << " is dead";
+        const auto &part =
+            static_cast<XmHorzPanedWindowConstraintPtr>(child->core.constraints)->horz_paned_window;
+        EXPECT_EQ(part.is_pane != False, i < panes.pane_count) << i;
+    }
+}
+
+// ---- Gadget -----------------------------------------------------------------------------------------
+
+void CheckSharedParts(const std::vector<Widget> &gadgets) {
+    std::map<const XmvIconGCacheObjPart *, int> users;
+    for (Widget gadget : gadgets)
+        users[reinterpret_cast<XmvIconGadget>(gadget)->icon.cache]++;
+    for (const auto &[part, count] : users) {
+        const auto *shared = reinterpret_cast<const XmGadgetCacheRef *>(
+            reinterpret_cast<const char *>(part) - offsetof(XmGadgetCacheRef, data));
+        EXPECT_EQ(shared->cache.ref_count, count) << "uses of a part that gadgets share";
+    }
+}
+
+} // namespace corvidlmw::storm

@@ -1,0 +1,90 @@
+#include <tests/storm/Storm.h>
+
+#include <tests/storm/Acts.h>
+
+#include <corvidlmw/graph/Graph.h>
+
+namespace corvidlmw::storm {
+
+namespace {
+
+constexpr const char *message_name = "STORM_STEP";
+
+} // namespace
+
+bool Storm::Do(const Step &step) {
+    if (step.words.empty())
+        return false;
+    if (depth_ == 0)
+        inner_steps_ = 0;
+    depth_++;
+    const bool done = Act(*this, step);
+    depth_--;
+    return done;
+}
+
+bool Storm::DoInner(const Step &step) {
+    if (depth_ >= deepest || ++inner_steps_ > most_inner_steps)
+        return false;
+    return Do(step);
+}
+
+// ---- Callbacks -------------------------------------------------------------------------------------
+
+bool Storm::DoOnCallback(Widget w, const std::string &list, int times, Step step) {
+    if (XtHasCallbacks(w, list.c_str()) == XtCallbackNoList)
+        return false;
+    waiting_.push_back(std::make_unique<Waiting>(Waiting{this, std::move(step), times}));
+    XtAddCallback(w, list.c_str(), OnCallback, waiting_.back().get());
+    return true;
+}
+
+// "refuse" is no step of its own: it answers the call.
+void Storm::OnCallback(Widget w, XtPointer closure, XtPointer call_data) {
+    auto *waiting = static_cast<Waiting *>(closure);
+    if (waiting->times-- <= 0)
+        return;
+    if (waiting->step.verb() != "refuse")
+        waiting->storm->DoInner(waiting->step);
+    else if (XmIsGraph(w) && call_data)
+        static_cast<XmGraphCallbackStruct *>(call_data)->doit = False;
+}
+
+// ---- Timers and messages ----------------------------------------------------------------------------
+
+void Storm::DoLater(unsigned long milliseconds, Step step) {
+    waiting_.push_back(std::make_unique<Waiting>(Waiting{this, std::move(step), 1}));
+    XtAppAddTimeOut(world_.app, milliseconds, OnTimer, waiting_.back().get());
+}
+
+void Storm::OnTimer(XtPointer closure, XtIntervalId *) {
+    auto *waiting = static_cast<Waiting *>(closure);
+    waiting->storm->DoInner(waiting->step);
+}
+
+bool Storm::DoInside(const Step &step) {
+    Widget shell = world_.shell;
+    if (!shell || inside_)
+        return false;
+    inside_ = &step;
+    XtAddEventHandler(shell, NoEventMask, True, OnMessage, this);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.display = world_.display;
+    event.xclient.window = XtWindow(shell);
+    event.xclient.message_type = XInternAtom(world_.display, message_name, False);
+    event.xclient.format = 32;
+    XtDispatchEvent(&event);
+    inside_ = nullptr;
+    if (world_.shell)
+        XtRemoveEventHandler(shell, NoEventMask, True, OnMessage, this);
+    return true;
+}
+
+void Storm::OnMessage(Widget, XtPointer closure, XEvent *event, Boolean *) {
+    auto *storm = static_cast<Storm *>(closure);
+    if (event->type == ClientMessage && storm->inside_)
+        storm->DoInner(*storm->inside_);
+}
+
+} // namespace corvidlmw::storm
