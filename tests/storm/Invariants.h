@@ -9,7 +9,7 @@ namespace corvidlmw::storm {
 void CheckWidgets(World &world);
 // No errors, and no warnings but known ones; both are forgotten.
 void CheckComplaints();
-// That nothing is left to do, and nothing grabbed.
+// That nothing is left to do, and nothing grabbed, once all buttons are up.
 void CheckRest(World &world);
 
 // ---- By class

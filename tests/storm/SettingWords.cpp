@@ -129,6 +129,9 @@ const std::map<std::string, Value> values_by_name = {
      [](Chance &chance, const Cast &) {
          return chance.Of({"nil", "class:XmPushButton", "class:XmvIconGadget", "class:XmLabelGadget"});
      }},
+    // A table of millions of cells stands the storm, and takes all of its time.
+    {"numRows", From<-3, 24>},
+    {"numColumns", From<-3, 24>},
     {"to", AnyWidgetOrNone},
     {"from", AnyWidgetOrNone},
     {XmNhorizontalScrollBar, AnyWidgetOrNone},
@@ -172,6 +175,15 @@ std::string AnyPixmap(Chance &chance, bool of_any_depth) {
 
 } // namespace
 
+namespace {
+
+// The toolkit's push button gadget draws with a GC that it gave back, once its direction has changed.
+bool IsTooMuch(const std::string &name, WidgetClass widget_class) {
+    return name == XmNlayoutDirection && DeclaredBy(widget_class).resources.empty();
+}
+
+} // namespace
+
 void ReadResources() {
     DeclaredBy(nullptr);
 }
@@ -189,7 +201,7 @@ const std::vector<Setting> &SettingsOf(WidgetClass widget_class, WidgetClass par
     const Settings own = settings;
     settings.insert(settings.end(), own.begin(), own.end());
     for (const auto &[name, value] : inherited)
-        if (std::none_of(own.begin(), own.end(), [&](const Setting &one) { return one.name == name; }))
+        if (!IsTooMuch(name, widget_class) && std::none_of(own.begin(), own.end(), [&](const Setting &one) { return one.name == name; }))
             settings.push_back({name, "", 0});
     return settings;
 }

@@ -25,7 +25,6 @@ void MoveLayout(Widget graph) {
 }
 void LayoutAgain(Widget graph) {
     XmGraphAdjustSize(graph);
-    XmGraphUnmanageAll(graph);
 }
 
 void Nothing(Widget, XtPointer, XtPointer) {}

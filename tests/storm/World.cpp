@@ -256,7 +256,7 @@ bool World::ComeToRest() {
     return false;
 }
 
-bool World::IsUngrabbed() {
+const char *World::Grab() {
     const Window root = DefaultRootWindow(Robot());
     const int pointer = XGrabPointer(Robot(), root, False, 0, GrabModeAsync, GrabModeAsync, None,
                                      None, CurrentTime);
@@ -264,7 +264,7 @@ bool World::IsUngrabbed() {
         XGrabKeyboard(Robot(), root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
     XUngrabKeyboard(Robot(), CurrentTime);
     XUngrabPointer(Robot(), CurrentTime);
-    return pointer == GrabSuccess && keyboard == GrabSuccess;
+    return pointer != GrabSuccess ? "pointer" : keyboard != GrabSuccess ? "keyboard" : "";
 }
 
 } // namespace corvidlmw::storm

@@ -49,8 +49,8 @@ public:
     // Until nothing is left to do, timers of the widgets under test included; false if that is never.
     bool ComeToRest();
 
-    // Whether another client could grab the pointer and the keyboard.
-    bool IsUngrabbed();
+    // What another client could not grab: "pointer", "keyboard", or "".
+    const char *Grab();
 
     std::string directory; // where files may be written
     std::unique_ptr<Workbench> workbench;

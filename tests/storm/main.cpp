@@ -26,14 +26,15 @@ using Clock = std::chrono::steady_clock;
 constexpr const char *usage =
     "usage: storm SCENE SEED [STEPS]       one storm, STEPS long or as long as seeds are\n"
     "       storm --print SCENE SEED [STEPS]   its steps\n"
-    "       storm --shrink SCENE SEED [STEPS]  as few of its steps as show the same fault\n"
+    "       storm --shrink SCENE SEED [STEPS], storm --shrink FILE\n"
+    "                                      as few of its steps as show the same fault\n"
     "       storm --replay FILE...         steps that were kept; a directory stands for its files\n"
     "       storm --soak SECONDS DIRECTORY [SCENE]  storms of all scenes in turn, with fresh seeds;\n"
     "                                      those that fail are shrunk and kept in the directory\n"
     "A scene is a class, all, or workbench.\n";
 
 constexpr int steps_of_a_storm = 1500;
-constexpr int shrinking_seconds = 240;
+constexpr int shrinking_seconds = 90;
 
 int NumberAt(const std::vector<std::string> &words, std::size_t i, int preset) {
     return i < words.size() ? std::atoi(words[i].c_str()) : preset;
@@ -86,15 +87,19 @@ int Print(const std::vector<std::string> &words) {
 }
 
 int ShrinkOne(const std::vector<std::string> &words) {
-    const Wanted wanted = WantedBy(words);
-    if (!wanted.scene)
+    Wanted wanted = WantedBy(words);
+    if (words.size() == 1) {
+        std::ifstream in(words[0]);
+        wanted.steps = ReadSteps(in);
+    }
+    if (wanted.steps.empty())
         return 2;
     const Outcome outcome = Play(wanted.steps);
     if (outcome.clean) {
         std::cout << "# this storm ends well\n";
         return EXIT_SUCCESS;
     }
-    std::cout << "# " << words[0] << " " << words[1] << ": " << outcome.kind << '\n';
+    std::cout << "# " << words.front() << " " << words.back() << ": " << outcome.kind << '\n';
     Write(std::cout, Shrink(wanted.steps, outcome, shrinking_seconds));
     return EXIT_FAILURE;
 }
