@@ -64,7 +64,8 @@ bool IsTooSmall(Widget w, const std::vector<Arg> &args) {
         if (std::string(arg.name) == XmNunitType)
             units = static_cast<unsigned char>(arg.value);
     return units != XmPIXELS && std::any_of(args.begin(), args.end(), [&](const Arg &arg) {
-               const bool is_size = std::string(arg.name) == XmNwidth || std::string(arg.name) == XmNheight;
+               const bool is_size =
+                   std::string(arg.name) == XmNwidth || std::string(arg.name) == XmNheight;
                return is_size && XmConvertUnits(w, XmHORIZONTAL, units, static_cast<int>(arg.value),
                                                 XmPIXELS) < 1;
            });
@@ -84,12 +85,10 @@ bool Make(Told &told) {
     const Creator create = parent ? CreatorOf(told.Word(2)) : nullptr;
     std::vector<Arg> args;
     if (!create || told.Object(1) || !IsPlaceFor(ClassOf(told.Word(2)), parent) ||
-        !TakeSettings(told, 4, args) || IsFatal(parent, nullptr, args) ||
-        IsTooSmall(parent, args))
+        !TakeSettings(told, 4, args) || IsFatal(parent, nullptr, args) || IsTooSmall(parent, args))
         return false;
     const std::string name = "w" + told.Word(1);
-    Widget w =
-        create(parent, Name(name.c_str()), args.data(), static_cast<Cardinal>(args.size()));
+    Widget w = create(parent, Name(name.c_str()), args.data(), static_cast<Cardinal>(args.size()));
     told.world().Bind(told.Number(1), w);
     return true;
 }
@@ -101,8 +100,8 @@ Widget ChildAt(Widget parent, int index) {
         return index >= 0 && index < count ? nodes[index] : nullptr;
     }
     const auto &composite = reinterpret_cast<CompositeWidget>(parent)->composite;
-    const bool there = XtIsComposite(parent) && index >= 0 &&
-                       index < static_cast<int>(composite.num_children);
+    const bool there =
+        XtIsComposite(parent) && index >= 0 && index < static_cast<int>(composite.num_children);
     return there ? composite.children[index] : nullptr;
 }
 
@@ -203,14 +202,16 @@ bool Uncover(Told &told, Widget w) {
 bool Configure(Told &told, Widget w) {
     const auto width = static_cast<Dimension>(told.Number(4));
     const auto height = static_cast<Dimension>(told.Number(5));
-    XtConfigureWidget(w, static_cast<Position>(told.Number(2)), static_cast<Position>(told.Number(3)),
-                      width ? width : 1, height ? height : 1, w->core.border_width);
+    XtConfigureWidget(w, static_cast<Position>(told.Number(2)),
+                      static_cast<Position>(told.Number(3)), width ? width : 1, height ? height : 1,
+                      w->core.border_width);
     return true;
 }
 
 bool Ask(Told &told, Widget w) {
     XtWidgetGeometry wish{}, answer{};
-    wish.request_mode = static_cast<XtGeometryMask>(told.Number(2) & (CWX | CWY | CWWidth | CWHeight));
+    wish.request_mode =
+        static_cast<XtGeometryMask>(told.Number(2) & (CWX | CWY | CWWidth | CWHeight));
     wish.width = static_cast<Dimension>(told.Number(3));
     wish.height = static_cast<Dimension>(told.Number(4));
     XtQueryGeometry(w, &wish, &answer);
@@ -284,12 +285,13 @@ const std::map<std::string, ObjectAct> object_acts = {
 bool ManageMany(Told &told) {
     std::vector<Widget> children;
     for (std::size_t i = 2; i < told.size(); i++)
-        if (Widget w = told.Object(i); w && (children.empty() || XtParent(w) == XtParent(children[0])))
+        if (Widget w = told.Object(i);
+            w && (children.empty() || XtParent(w) == XtParent(children[0])))
             children.push_back(w);
     if (children.empty())
         return false;
-    (told.Number(1) ? XtManageChildren : XtUnmanageChildren)(
-        children.data(), static_cast<Cardinal>(children.size()));
+    (told.Number(1) ? XtManageChildren
+                    : XtUnmanageChildren)(children.data(), static_cast<Cardinal>(children.size()));
     return true;
 }
 

@@ -96,15 +96,15 @@ Author::Author(const Scene &scene, std::uint64_t seed) : scene_(scene), seed_(se
 
 const std::vector<Author::Weighted> &Author::Verbs() {
     static const std::vector<Weighted> verbs = {
-        {&Author::Set, 20, true},      {&Author::Text, 6, true},      {&Author::Call, 22, true},
-        {&Author::Action, 6, false},   {&Author::Event, 8, false},    {&Author::Point, 9, false},
-        {&Author::Click, 5, false},    {&Author::Press, 4, false},    {&Author::Release, 5, false},
-        {&Author::Key, 7, false},      {&Author::HoldKey, 2, false},  {&Author::Make, 6, true},
-        {&Author::Kill, 3, true},      {&Author::Manage, 5, true},    {&Author::ManageMany, 1, true},
-        {&Author::Configure, 3, true}, {&Author::Size, 2, true},      {&Author::On, 4, true},
-        {&Author::Later, 1, true},     {&Author::Inside, 5, false},   {&Author::Uncover, 2, false},
-        {&Author::Get, 1, true},       {&Author::Ask, 1, true},       {&Author::Traverse, 1, true},
-        {&Author::Sensitive, 1, true}, {&Author::Map, 1, true},       {&Author::Adopt, 2, false},
+        {&Author::Set, 20, true},      {&Author::Text, 6, true},     {&Author::Call, 22, true},
+        {&Author::Action, 6, false},   {&Author::Event, 8, false},   {&Author::Point, 9, false},
+        {&Author::Click, 5, false},    {&Author::Press, 4, false},   {&Author::Release, 5, false},
+        {&Author::Key, 7, false},      {&Author::HoldKey, 2, false}, {&Author::Make, 6, true},
+        {&Author::Kill, 3, true},      {&Author::Manage, 5, true},   {&Author::ManageMany, 1, true},
+        {&Author::Configure, 3, true}, {&Author::Size, 2, true},     {&Author::On, 4, true},
+        {&Author::Later, 1, true},     {&Author::Inside, 5, false},  {&Author::Uncover, 2, false},
+        {&Author::Get, 1, true},       {&Author::Ask, 1, true},      {&Author::Traverse, 1, true},
+        {&Author::Sensitive, 1, true}, {&Author::Map, 1, true},      {&Author::Adopt, 2, false},
         {&Author::Pump, 7, false},
     };
     return verbs;
@@ -195,9 +195,8 @@ Step Author::Set() {
     if (!widget_class)
         return Pump();
     const int parent = cast_.ParentOf(id);
-    const auto &settings = SettingsOf(widget_class, cast_.IsA(parent, constraintWidgetClass)
-                                                        ? cast_.ClassOf(parent)
-                                                        : nullptr);
+    const auto &settings = SettingsOf(
+        widget_class, cast_.IsA(parent, constraintWidgetClass) ? cast_.ClassOf(parent) : nullptr);
     Step step{{"set", Id(id)}};
     for (int left = chance_.Percent(70) ? 1 : chance_.Between(2, 6); left > 0; left--)
         for (auto &word : WordsToSet(chance_, cast_, chance_.Of(settings)))
@@ -219,8 +218,8 @@ Step Author::Text() {
 
 Step Author::Call() {
     const WidgetClass subject = Subject();
-    const auto call = AnyCall(
-        chance_, cast_, subject == xmArcWidgetClass ? xmGraphWidgetClass : subject, next_id_);
+    const auto call = AnyCall(chance_, cast_,
+                              subject == xmArcWidgetClass ? xmGraphWidgetClass : subject, next_id_);
     if (!call)
         return Set();
     if (call->words[1] == "XmCreateAttachedArc" && cast_.size() < most_widgets)
@@ -240,11 +239,10 @@ Step Author::Ask() {
 // ---- Events that never happened -----------------------------------------------------------------------
 
 Step Author::Event() {
-    static constexpr std::array types = {KeyPress,    KeyRelease,  ButtonPress,    ButtonRelease,
-                                         MotionNotify, EnterNotify, LeaveNotify,   FocusIn,
-                                         FocusOut,    Expose,      GraphicsExpose, VisibilityNotify,
-                                         MapNotify,   UnmapNotify, ConfigureNotify, ButtonPress,
-                                         ButtonRelease, MotionNotify};
+    static constexpr std::array types = {
+        KeyPress,    KeyRelease,  ButtonPress,     ButtonRelease, MotionNotify,   EnterNotify,
+        LeaveNotify, FocusIn,     FocusOut,        Expose,        GraphicsExpose, VisibilityNotify,
+        MapNotify,   UnmapNotify, ConfigureNotify, ButtonPress,   ButtonRelease,  MotionNotify};
     return {{chance_.OneIn(6) ? "send" : "event", Id(AnyWidget()), WordFor(chance_.Of(types)),
              AnyPlace(chance_), AnyPlace(chance_), SmallNumber(chance_, 0, 0x1fff),
              SmallNumber(chance_, 0, 5), SmallNumber(chance_, 0, 100000), Id(AnyWidget())}};
@@ -255,8 +253,8 @@ Step Author::Action() {
     const WidgetClass widget_class = cast_.ClassOf(id);
     if (!widget_class || widget_class->core_class.num_actions == 0)
         return Event();
-    const Cardinal which =
-        static_cast<Cardinal>(chance_.Between(0, static_cast<int>(widget_class->core_class.num_actions) - 1));
+    const Cardinal which = static_cast<Cardinal>(
+        chance_.Between(0, static_cast<int>(widget_class->core_class.num_actions) - 1));
     XtActionList actions = nullptr;
     Cardinal count = 0;
     XtInitializeWidgetClass(widget_class);
@@ -266,7 +264,8 @@ Step Author::Action() {
                SmallNumber(chance_, 0, 100000), Id(AnyWidget()), actions[which].string}};
     XtFree(reinterpret_cast<char *>(actions));
     for (int left = chance_.Between(0, 2); left > 0; left--)
-        step.words.push_back(Quote(chance_.Of({"0", "1", "-1", "", "Up", "garbage", "2147483648"})));
+        step.words.push_back(
+            Quote(chance_.Of({"0", "1", "-1", "", "Up", "garbage", "2147483648"})));
     return step;
 }
 
@@ -276,7 +275,8 @@ Step Author::Point() {
     if (chance_.OneIn(4))
         return {{"point", SmallNumber(chance_, -10, 700), SmallNumber(chance_, -10, 520)}};
     const int most = chance_.OneIn(3) ? 300 : 40;
-    return {{"pointat", Id(AnyWidget()), SmallNumber(chance_, -5, most), SmallNumber(chance_, -5, most)}};
+    return {{"pointat", Id(AnyWidget()), SmallNumber(chance_, -5, most),
+             SmallNumber(chance_, -5, most)}};
 }
 
 // Mostly with the first buttons.
@@ -297,9 +297,10 @@ Step Author::Release() {
 }
 
 Step Author::Key() {
-    return {{"key", chance_.Of({"Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next", "space",
-                                "Return", "Escape", "Tab", "a", "b", "r", "Insert", "Delete", "F10",
-                                "slash", "backslash", "BackSpace", "Menu", "1"})}};
+    return {{"key", chance_.Of({"Up",    "Down",      "Left",      "Right",  "Home",   "End",
+                                "Prior", "Next",      "space",     "Return", "Escape", "Tab",
+                                "a",     "b",         "r",         "Insert", "Delete", "F10",
+                                "slash", "backslash", "BackSpace", "Menu",   "1"})}};
 }
 
 Step Author::HoldKey() {
@@ -317,10 +318,12 @@ Step Author::Traverse() {
 
 // ---- Life -------------------------------------------------------------------------------------------
 
-constexpr std::array child_kinds = {
-    "XmPushButton", "XmPushButtonGadget", "XmLabelGadget",     "XmTextField", "XmvIconGadget", "SvScrollBar",
-    "LmList",       "LmScrolledList",     "XmSeparatorGadget", "XmGrid",      "XmSpringBox",   "XmRubberBoard",
-    "XmGraph",      "XmHorzPanedWindow",  "XmFrame",           "XmRowColumn", "XmToggleButton"};
+constexpr std::array child_kinds = {"XmPushButton", "XmPushButtonGadget", "XmLabelGadget",
+                                    "XmTextField",  "XmvIconGadget",      "SvScrollBar",
+                                    "LmList",       "LmScrolledList",     "XmSeparatorGadget",
+                                    "XmGrid",       "XmSpringBox",        "XmRubberBoard",
+                                    "XmGraph",      "XmHorzPanedWindow",  "XmFrame",
+                                    "XmRowColumn",  "XmToggleButton"};
 
 Step Author::Make() {
     if (cast_.size() >= most_widgets || IsWorkbench())
@@ -373,7 +376,8 @@ Step Author::Adopt() {
     const int adopted = next_id_++;
     if (cast_.IsA(id, lmListWidgetClass)) {
         cast_.Add(adopted, "SvScrollBar", 0);
-        return {{"adopt", Id(adopted), Id(id), chance_.Of({"verticalScrollBar", "horizontalScrollBar"})}};
+        return {{"adopt", Id(adopted), Id(id),
+                 chance_.Of({"verticalScrollBar", "horizontalScrollBar"})}};
     }
     const bool arc = chance_.OneIn(2);
     cast_.Add(adopted, arc ? "XmArc" : "XmPushButtonGadget", id);
@@ -395,8 +399,9 @@ Step Author::Size() {
 }
 
 Step Author::Uncover() {
-    return {{"expose", Id(AnyWidget()), SmallNumber(chance_, -5, 300), SmallNumber(chance_, -5, 300),
-             SmallNumber(chance_, 0, 200), SmallNumber(chance_, 0, 200)}};
+    return {{"expose", Id(AnyWidget()), SmallNumber(chance_, -5, 300),
+             SmallNumber(chance_, -5, 300), SmallNumber(chance_, 0, 200),
+             SmallNumber(chance_, 0, 200)}};
 }
 
 Step Author::Sensitive() {
@@ -440,8 +445,9 @@ Step Author::Pump() {
 }
 
 Step Author::Bench() {
-    const std::string command = chance_.Of({"select", "rename", "find", "hit", "add", "delete", "layout",
-                                            "undo", "undo", "redo", "stop", "zoom", "turn"});
+    const std::string command =
+        chance_.Of({"select", "rename", "find", "hit", "add", "delete", "layout", "undo", "undo",
+                    "redo", "stop", "zoom", "turn"});
     Step step{{"bench", command, SmallNumber(chance_, -3, 30)}};
     if (command == "find")
         step.words[2] = Quote(chance_.Of({"", "n", "n1", "x", "garbage"}));

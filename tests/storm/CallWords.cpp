@@ -170,7 +170,8 @@ struct Draw {
         if (chance.OneIn(12))
             return WidgetWord(cast.Any(chance));
         const int child = cast.Any(chance, [&](int id) {
-            return cast.ParentOf(id) == self && cast.IsA(id, xmArcWidgetClass) == (widget_class != nullptr);
+            return cast.ParentOf(id) == self &&
+                   cast.IsA(id, xmArcWidgetClass) == (widget_class != nullptr);
         });
         return WidgetWord(child);
     }
@@ -205,9 +206,7 @@ struct Draw {
     std::string Count() const {
         return chance.OneIn(6) ? chance.Of({"0", "-1", "-32768", "-2147483648"}) : "all";
     }
-    std::string Self() const {
-        return WidgetWord(chance.OneIn(25) ? cast.Any(chance) : self);
-    }
+    std::string Self() const { return WidgetWord(chance.OneIn(25) ? cast.Any(chance) : self); }
     std::string Argument(char letter) const;
 };
 
@@ -254,7 +253,8 @@ const Signature *AnySignature(Chance &chance, WidgetClass widget_class) {
 
 } // namespace
 
-std::optional<Step> AnyCall(Chance &chance, const Cast &cast, WidgetClass widget_class, int &next_id) {
+std::optional<Step> AnyCall(Chance &chance, const Cast &cast, WidgetClass widget_class,
+                            int &next_id) {
     const Signature *signature = AnySignature(chance, widget_class);
     const int self = cast.AnyOf(chance, widget_class);
     if (!signature || !self)

@@ -81,7 +81,8 @@ bool CreateAttachedArc(Arguments &arguments) {
     const int id = std::atoi(arguments.Word(0).c_str());
     if (!arguments.values.Good() || arguments.world.Find(id) || !graph || !XmIsGraph(graph))
         return false;
-    arguments.world.Bind(id, XmCreateAttachedArc(graph, const_cast<char *>("arc"), from, to, nullptr, 0));
+    arguments.world.Bind(
+        id, XmCreateAttachedArc(graph, const_cast<char *>("arc"), from, to, nullptr, 0));
     return true;
 }
 
@@ -171,7 +172,8 @@ bool InRange(Arguments &arguments) {
 
 // ---- The table ---------------------------------------------------------------------------------------
 
-#define PLAIN(function) {#function, Plain<function>}
+#define PLAIN(function)                                                                            \
+    { #function, Plain < function> }
 const std::map<std::string, Function> functions = {
     PLAIN(XmGraphLayout),
     PLAIN(XmGraphRelaySubgraph),

@@ -86,8 +86,7 @@ using namespace corvidlmw::storm;
 
 XtIntervalId XtAppAddTimeOut(XtAppContext app, unsigned long interval, XtTimerCallbackProc act,
                              XtPointer closure) {
-    static auto *const next =
-        corvidlmw::test::interpose::Next(&XtAppAddTimeOut, "XtAppAddTimeOut");
+    static auto *const next = corvidlmw::test::interpose::Next(&XtAppAddTimeOut, "XtAppAddTimeOut");
     if (!IsOurs(__builtin_return_address(0)))
         return next(app, interval, act, closure);
     auto timer = std::make_unique<Timer>(Timer{act, closure});

@@ -35,8 +35,8 @@ struct Check {
     void (*run)(Widget w);
 };
 constexpr Check checks[] = {
-    {&xmGraphWidgetClass, CheckGraph},         {&lmListWidgetClass, CheckList},
-    {&svScrollBarWidgetClass, CheckScrollBar}, {&xmGridWidgetClass, CheckGrid},
+    {&xmGraphWidgetClass, CheckGraph},           {&lmListWidgetClass, CheckList},
+    {&svScrollBarWidgetClass, CheckScrollBar},   {&xmGridWidgetClass, CheckGrid},
     {&xmHorzPanedWindowWidgetClass, CheckPanes},
 };
 

@@ -37,9 +37,8 @@ struct Progress {
 };
 
 Progress &SharedProgress() {
-    static auto *const progress =
-        new (mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-            Progress;
+    static auto *const progress = new (mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE,
+                                            MAP_SHARED | MAP_ANONYMOUS, -1, 0)) Progress;
     return *progress;
 }
 
@@ -185,10 +184,12 @@ std::string KindOf(const std::string &log, int status) {
     if (WIFEXITED(status) && WEXITSTATUS(status) == hung)
         return "hung";
     if (const auto failure = log.find(": Failure\n"); failure != std::string::npos) {
-        const auto from = log.find("Failed\n", failure) == failure + 10 ? failure + 17 : failure + 10;
+        const auto from =
+            log.find("Failed\n", failure) == failure + 10 ? failure + 17 : failure + 10;
         auto line = log.substr(from, log.find('\n', from) - from);
         if (line.starts_with("Expected equality")) // what of stands in the next line
-            line = log.substr(from + line.size() + 1, log.find('\n', from + line.size() + 1) - from - line.size() - 1);
+            line = log.substr(from + line.size() + 1,
+                              log.find('\n', from + line.size() + 1) - from - line.size() - 1);
         return WithoutNumbers(LineWith(log, ": Failure") + " " + line);
     }
     if (log.find("LeakSanitizer") != std::string::npos)

@@ -22,7 +22,8 @@ public:
 
     void Add(const std::string &line) { steps_.push_back(FromLine(line)); }
     void Make(int id, const std::string &kind, int parent, const std::string &settings = "") {
-        Add("make " + std::to_string(id) + " " + kind + " " + std::to_string(parent) + " " + settings);
+        Add("make " + std::to_string(id) + " " + kind + " " + std::to_string(parent) + " " +
+            settings);
         Add("manage " + std::to_string(id));
     }
     std::string Any(std::initializer_list<const char *> words) { return chance_.Of(words); }
@@ -41,8 +42,9 @@ constexpr const char *place = "x 20 y 20 width 300 height 240";
 
 // The shell's child: a board, or another manager that takes several children.
 void MakeStage(Setting &setting) {
-    setting.Make(1, setting.chance().Percent(70) ? "XmBulletinBoard"
-                                                 : setting.Any({"XmForm", "XmDrawingArea"}),
+    setting.Make(1,
+                 setting.chance().Percent(70) ? "XmBulletinBoard"
+                                              : setting.Any({"XmForm", "XmDrawingArea"}),
                  0, "marginWidth 0 marginHeight 0 width 640 height 480");
 }
 
@@ -68,8 +70,8 @@ void MakeArcs(Setting &setting, int graph, int first, int count, int first_node,
         return " @" + std::to_string(setting.chance().Between(first_node, first_node + nodes - 1));
     };
     for (int id = first; id < first + count; id++) {
-        setting.Add("call XmCreateAttachedArc " + std::to_string(id) + " @" + std::to_string(graph) +
-                    node() + node());
+        setting.Add("call XmCreateAttachedArc " + std::to_string(id) + " @" +
+                    std::to_string(graph) + node() + node());
         setting.Add("manage " + std::to_string(id));
     }
 }
@@ -78,8 +80,9 @@ Steps SetGraph(Chance &chance) {
     Setting setting(chance);
     MakeStage(setting);
     setting.Make(2, setting.Any({"XmGraph", "XmScrolledGraph"}), 1,
-                 std::string(place) + " editable " + setting.Any({"0", "1", "1"}) + " autoLayoutMode " +
-                     setting.Any({"0", "1", "2", "3", "4"}) + " layoutStyle " + setting.Any({"0", "1"}));
+                 std::string(place) + " editable " + setting.Any({"0", "1", "1"}) +
+                     " autoLayoutMode " + setting.Any({"0", "1", "2", "3", "4"}) + " layoutStyle " +
+                     setting.Any({"0", "1"}));
     const int nodes = chance.Between(1, 8);
     MakeNodes(setting, 2, 10, nodes);
     MakeArcs(setting, 2, 30, chance.Between(0, 10), 10, nodes);
@@ -101,10 +104,12 @@ Steps SetList(Chance &chance) {
     MakeStage(setting);
     const bool scrolled = chance.Percent(70);
     setting.Make(2, scrolled ? "LmScrolledList" : "LmList", 1,
-                 std::string(scrolled ? "" : place) + " visibleItemCount " + setting.Any({"1", "5", "10"}) +
-                     " selectionPolicy " + setting.Any({"0", "1", "2", "3"}) + " listSizePolicy " +
-                     setting.Any({"0", "1", "2"}) + " scrollBarDisplayPolicy " + setting.Any({"0", "1"}) +
-                     " automaticSelection " + setting.Any({"0", "1"}) + " showIcons " + setting.Any({"0", "1"}));
+                 std::string(scrolled ? "" : place) + " visibleItemCount " +
+                     setting.Any({"1", "5", "10"}) + " selectionPolicy " +
+                     setting.Any({"0", "1", "2", "3"}) + " listSizePolicy " +
+                     setting.Any({"0", "1", "2"}) + " scrollBarDisplayPolicy " +
+                     setting.Any({"0", "1"}) + " automaticSelection " + setting.Any({"0", "1"}) +
+                     " showIcons " + setting.Any({"0", "1"}));
     for (int i = 0, rows = chance.Between(0, 30); i < rows; i++)
         setting.Add("call LmListAddItem @2 \"row" + std::to_string(i % 20) + " 0");
     if (scrolled) {
@@ -135,9 +140,9 @@ Steps SetScrollBar(Chance &chance) {
 
 // ---- Managers ---------------------------------------------------------------------------------------
 
-constexpr auto child_kinds = {"XmPushButton", "XmPushButtonGadget", "XmLabelGadget",   "XmTextField",
-                              "XmvIconGadget", "SvScrollBar",       "XmSeparatorGadget", "LmList",
-                              "XmBulletinBoard", "XmFrame"};
+constexpr auto child_kinds = {
+    "XmPushButton", "XmPushButtonGadget", "XmLabelGadget", "XmTextField",     "XmvIconGadget",
+    "SvScrollBar",  "XmSeparatorGadget",  "LmList",        "XmBulletinBoard", "XmFrame"};
 
 template <const char *const &kind>
 Steps SetManager(Chance &chance) {
@@ -168,8 +173,8 @@ Steps SetGadgets(Chance &chance) {
     setting.Make(3, setting.Any({"XmGraph", "XmGrid", "XmForm", "XmSpringBox"}), 1, "x 10 y 240");
     for (int id = 10, end = 10 + chance.Between(1, 12); id < end; id++)
         setting.Make(id, "XmvIconGadget", chance.Between(1, 3),
-                     "labelString \"icon" + setting.Any({"", "\\x0atwo", "one", "x"}) + " labelPixmap pixmap:" +
-                         setting.Any({"0", "1", "2", "3"}));
+                     "labelString \"icon" + setting.Any({"", "\\x0atwo", "one", "x"}) +
+                         " labelPixmap pixmap:" + setting.Any({"0", "1", "2", "3"}));
     MakeNeighbours(setting);
     return setting.Done();
 }
@@ -203,7 +208,8 @@ Steps SetWorkbench(Chance &chance) {
     setting.Add("workbench");
     setting.Add("pump");
     int id = 2;
-    for (const char *name : {"*graph", "*nodes", "*properties", "*panes", "*VScrollBar", "*overview"})
+    for (const char *name :
+         {"*graph", "*nodes", "*properties", "*panes", "*VScrollBar", "*overview"})
         setting.Add("adoptnamed " + std::to_string(id++) + " " + name);
     return setting.Done();
 }
@@ -228,8 +234,8 @@ const std::vector<Scene> &Scenes() {
 
 const Scene *SceneOf(const std::string &name) {
     const auto &scenes = Scenes();
-    const auto found =
-        std::find_if(scenes.begin(), scenes.end(), [&](const Scene &scene) { return scene.name == name; });
+    const auto found = std::find_if(scenes.begin(), scenes.end(),
+                                    [&](const Scene &scene) { return scene.name == name; });
     return found == scenes.end() ? nullptr : &*found;
 }
 

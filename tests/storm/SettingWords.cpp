@@ -63,7 +63,8 @@ Declared ReadDeclared(WidgetClass widget_class) {
 
 const Declared &DeclaredBy(WidgetClass widget_class) {
     static const auto all = [] {
-        std::map<WidgetClass, Declared> found = {{xmArcWidgetClass, ReadDeclared(xmArcWidgetClass)}};
+        std::map<WidgetClass, Declared> found = {
+            {xmArcWidgetClass, ReadDeclared(xmArcWidgetClass)}};
         for (const Scene &scene : Scenes())
             if (scene.subject)
                 found[*scene.subject] = ReadDeclared(*scene.subject);
@@ -119,7 +120,8 @@ const std::map<std::string, Value> inherited = {
     {XmNresizePolicy, From<0, 2>},
     {XmNallowOverlap, From<0, 1>},
     {XmNlabelString, [](Chance &chance, const Cast &) { return AnyLabel(chance); }},
-    {XmNfontList, [](Chance &chance, const Cast &) { return "fonts:" + SmallNumber(chance, 0, 4); }},
+    {XmNfontList,
+     [](Chance &chance, const Cast &) { return "fonts:" + SmallNumber(chance, 0, 4); }},
 };
 
 const std::map<std::string, Value> values_by_name = {
@@ -127,7 +129,8 @@ const std::map<std::string, Value> values_by_name = {
      [](Chance &chance, const Cast &) { return "layout:" + SmallNumber(chance, 0, 2); }},
     {"defaultNodeClass",
      [](Chance &chance, const Cast &) {
-         return chance.Of({"nil", "class:XmPushButton", "class:XmvIconGadget", "class:XmLabelGadget"});
+         return chance.Of(
+             {"nil", "class:XmPushButton", "class:XmvIconGadget", "class:XmLabelGadget"});
      }},
     // A table of millions of cells stands the storm, and takes all of its time.
     {"numRows", From<-3, 24>},
@@ -201,7 +204,9 @@ const std::vector<Setting> &SettingsOf(WidgetClass widget_class, WidgetClass par
     const Settings own = settings;
     settings.insert(settings.end(), own.begin(), own.end());
     for (const auto &[name, value] : inherited)
-        if (!IsTooMuch(name, widget_class) && std::none_of(own.begin(), own.end(), [&](const Setting &one) { return one.name == name; }))
+        if (!IsTooMuch(name, widget_class) &&
+            std::none_of(own.begin(), own.end(),
+                         [&](const Setting &one) { return one.name == name; }))
             settings.push_back({name, "", 0});
     return settings;
 }

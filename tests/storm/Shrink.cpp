@@ -18,7 +18,8 @@ public:
 
     // Without what comes after the fault, if it does not show at the very end only.
     Steps CutOff(const Steps &steps, int last_step) {
-        Steps begin(steps.begin(), steps.begin() + std::min<std::ptrdiff_t>(last_step + 1, std::ssize(steps)));
+        Steps begin(steps.begin(),
+                    steps.begin() + std::min<std::ptrdiff_t>(last_step + 1, std::ssize(steps)));
         if (Fails(begin))
             return begin;
         manner_.to_the_end = true;

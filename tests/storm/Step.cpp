@@ -13,8 +13,9 @@ namespace {
 constexpr char quote = '"';
 
 bool IsPlain(unsigned char character) {
-    return std::isalnum(character) || std::string("._-+*/:;()<>?!=%#@~^&'|{}$").find(static_cast<char>(
-                                          character)) != std::string::npos;
+    return std::isalnum(character) ||
+           std::string("._-+*/:;()<>?!=%#@~^&'|{}$").find(static_cast<char>(character)) !=
+               std::string::npos;
 }
 
 int HexAt(const std::string &text, std::size_t at) {

@@ -107,19 +107,23 @@ bool IsKindThatLies(int event_type) {
     switch (event_type) {
     case DestroyNotify: // of a window that is not gone
         return false;
-    default: return event_type >= KeyPress && event_type <= ConfigureNotify && event_type != KeymapNotify;
+    default:
+        return event_type >= KeyPress && event_type <= ConfigureNotify &&
+               event_type != KeymapNotify;
     }
 }
 
 Window SubwindowOf(World &world, const Step &step) {
-    Widget other = step.words.size() > child ? world.Find(std::atoi(step.words[child].c_str())) : nullptr;
+    Widget other =
+        step.words.size() > child ? world.Find(std::atoi(step.words[child].c_str())) : nullptr;
     return other ? XtWindowOfObject(other) : None;
 }
 
 } // namespace
 
 bool MakeEvent(World &world, const Step &step) {
-    Widget w = step.words.size() > when ? world.Find(std::atoi(step.words[widget].c_str())) : nullptr;
+    Widget w =
+        step.words.size() > when ? world.Find(std::atoi(step.words[widget].c_str())) : nullptr;
     const Window window = w ? XtWindowOfObject(w) : None;
     if (!window || !IsKindThatLies(std::atoi(step.words[type].c_str())))
         return false;

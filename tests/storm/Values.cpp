@@ -15,8 +15,9 @@ namespace {
 
 bool IsNumber(const std::string &word) {
     const std::size_t first = word.starts_with('-') ? 1 : 0;
-    return word.size() > first && std::all_of(word.begin() + static_cast<std::ptrdiff_t>(first),
-                                              word.end(), [](unsigned char c) { return std::isdigit(c); });
+    return word.size() > first &&
+           std::all_of(word.begin() + static_cast<std::ptrdiff_t>(first), word.end(),
+                       [](unsigned char c) { return std::isdigit(c); });
 }
 
 void NoLayout(Widget) {}
@@ -37,7 +38,8 @@ XtArgVal CallbacksAt(int index) {
 
 XtArgVal LayoutAt(int index) {
     static constexpr XmGraphLayoutProc layouts[] = {NoLayout, MoveLayout, LayoutAgain};
-    return reinterpret_cast<XtArgVal>(layouts[static_cast<std::size_t>(index) % std::size(layouts)]);
+    return reinterpret_cast<XtArgVal>(
+        layouts[static_cast<std::size_t>(index) % std::size(layouts)]);
 }
 
 } // namespace
@@ -74,7 +76,8 @@ XtArgVal Values::WidgetIn(const std::string &word) {
 
 XtArgVal Values::String(const std::string &word) {
     texts_.push_back(Unquote(word));
-    const XmString string = XmStringGenerate(texts_.back().data(), nullptr, XmCHARSET_TEXT, nullptr);
+    const XmString string =
+        XmStringGenerate(texts_.back().data(), nullptr, XmCHARSET_TEXT, nullptr);
     strings_.push_back(string);
     return reinterpret_cast<XtArgVal>(string);
 }

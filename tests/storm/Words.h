@@ -38,6 +38,7 @@ std::vector<std::string> CallbacksOf(WidgetClass widget_class);
 std::vector<std::string> WordsToSet(Chance &chance, const Cast &cast, const Setting &setting);
 
 // A call of the class's public interface; nothing for a class without one.
-std::optional<Step> AnyCall(Chance &chance, const Cast &cast, WidgetClass widget_class, int &next_id);
+std::optional<Step> AnyCall(Chance &chance, const Cast &cast, WidgetClass widget_class,
+                            int &next_id);
 
 } // namespace corvidlmw::storm

@@ -48,7 +48,8 @@ const std::map<std::string, Command> &Commands() {
     static const std::map<std::string, Command> commands = {
         {"select", Select},
         {"rename", Rename},
-        {"find", [](auto &w, const Step &s) { w.Find(Unquote(s.From(2).words.empty() ? "" : s.words[2])); }},
+        {"find", [](auto &w,
+                    const Step &s) { w.Find(Unquote(s.From(2).words.empty() ? "" : s.words[2])); }},
         {"hit", [](auto &w, const Step &) { w.GoToNextHit(); }},
         {"add", [](auto &w, const Step &) { w.AddNode(); }},
         {"delete", [](auto &w, const Step &) { w.DeleteSelected(); }},

@@ -38,8 +38,8 @@ XmRendition MakeRendition(Widget w, const char *tag, const char *font, XmFontTyp
 
 XmFontList MakeFonts(const std::vector<XmRendition> &renditions) {
     auto copy = renditions;
-    const auto fonts = XmRenderTableAddRenditions(
-        nullptr, copy.data(), static_cast<Cardinal>(copy.size()), XmMERGE_NEW);
+    const auto fonts = XmRenderTableAddRenditions(nullptr, copy.data(),
+                                                  static_cast<Cardinal>(copy.size()), XmMERGE_NEW);
     for (XmRendition rendition : copy)
         XmRenditionFree(rendition);
     return fonts;
@@ -145,11 +145,10 @@ XmFontList World::FontsAt(int index) {
         };
         fonts_.push_back(MakeFonts({make(XmFONTLIST_DEFAULT_TAG, "fixed", XmFONT_IS_FONT)}));
         fonts_.push_back(MakeFonts({make(XmFONTLIST_DEFAULT_TAG, "10x20", XmFONT_IS_FONT),
-                                           make("bold", "9x15bold", XmFONT_IS_FONT)}));
-        fonts_.push_back(
-            MakeFonts({make(XmFONTLIST_DEFAULT_TAG, "Sans-40", XmFONT_IS_XFT)}));
+                                    make("bold", "9x15bold", XmFONT_IS_FONT)}));
+        fonts_.push_back(MakeFonts({make(XmFONTLIST_DEFAULT_TAG, "Sans-40", XmFONT_IS_XFT)}));
         fonts_.push_back(MakeFonts({make(XmFONTLIST_DEFAULT_TAG, "fixed", XmFONT_IS_FONTSET),
-                                           make("bold", "Sans-9", XmFONT_IS_XFT)}));
+                                    make("bold", "Sans-9", XmFONT_IS_XFT)}));
         fonts_.push_back(MakeFonts({make("other", "fixed", XmFONT_IS_FONT)}));
     }
     return fonts_[static_cast<std::size_t>(index) % fonts_.size()];

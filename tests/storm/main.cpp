@@ -29,7 +29,8 @@ constexpr const char *usage =
     "       storm --shrink SCENE SEED [STEPS], storm --shrink FILE\n"
     "                                      as few of its steps as show the same fault\n"
     "       storm --replay FILE...         steps that were kept; a directory stands for its files\n"
-    "       storm --soak SECONDS DIRECTORY [SCENE]  storms of all scenes in turn, with fresh seeds;\n"
+    "       storm --soak SECONDS DIRECTORY [SCENE]  storms of all scenes in turn, with fresh "
+    "seeds;\n"
     "                                      those that fail are shrunk and kept in the directory\n"
     "A scene is a class, all, or workbench.\n";
 
@@ -146,7 +147,8 @@ class Soak {
 public:
     Soak(int seconds, std::string directory)
         : end_(Clock::now() + std::chrono::seconds(seconds)), directory_(std::move(directory)),
-          seed_(static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()) %
+          seed_(static_cast<std::uint64_t>(
+                    std::chrono::system_clock::now().time_since_epoch().count()) %
                 1000000007) {
         std::filesystem::create_directories(directory_);
     }
@@ -203,7 +205,8 @@ private:
 
     static void PrintRow(const std::string &name, const Tally &tally) {
         std::printf("%-20s %9ld %7d %9.1f %8.0f %8d\n", name.c_str(), tally.steps, tally.seeds,
-                    tally.seconds, tally.seconds > 0 ? static_cast<double>(tally.steps) / tally.seconds : 0,
+                    tally.seconds,
+                    tally.seconds > 0 ? static_cast<double>(tally.steps) / tally.seconds : 0,
                     tally.reports);
     }
 
