@@ -30,6 +30,7 @@ struct XtAllocator {
     template <typename Other>
     XtAllocator(const XtAllocator<Other> &) {}
 
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): the elements themselves can be pointers
     T *allocate(std::size_t count) { return static_cast<T *>(AllocateBlock(count, sizeof(T))); }
     void deallocate(T *block, std::size_t) {
         XtFree(static_cast<char *>(static_cast<void *>(block)));

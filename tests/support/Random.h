@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <random>
-#include <source_location>
 #include <string>
 
 namespace corvidlmw::test {
@@ -17,10 +16,10 @@ namespace corvidlmw::test {
 // for new trouble or to repeat what a failure printed.
 class Random {
 public:
-    explicit Random(uint64_t seed = 1, std::source_location where = std::source_location::current())
+    explicit Random(uint64_t seed = 1, const char *file = __builtin_FILE(),
+                    int line = __builtin_LINE())
         : seed_(SeedOr(seed)), engine_(seed_),
-          trace_(where.file_name(), static_cast<int>(where.line()),
-                 "CORVIDLMW_TEST_SEED=" + std::to_string(seed_)) {}
+          trace_(file, line, "CORVIDLMW_TEST_SEED=" + std::to_string(seed_)) {}
 
     uint64_t seed() const { return seed_; }
     std::mt19937_64 &engine() { return engine_; }
