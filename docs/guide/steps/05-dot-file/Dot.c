@@ -27,6 +27,13 @@ Agraph_t *ReadDot(const char *path) {
     return data;
 }
 
+Agraph_t *ReadArgument(int argc, char **argv) {
+    if (argc == 2)
+        return ReadDot(argv[1]);
+    fprintf(stderr, "usage: %s FILE\n", argv[0]);
+    return NULL;
+}
+
 const char *LabelOf(void *object) {
     const char *label = agget(object, "label");
 

@@ -9,6 +9,9 @@
  * it returns goes with agclose. */
 Agraph_t *ReadDot(const char *path);
 
+/* The same for the file that a program's only argument names. */
+Agraph_t *ReadArgument(int argc, char **argv);
+
 /* The label of a node or an edge; a node that has none shows its name. */
 const char *LabelOf(void *object);
 

@@ -1,6 +1,7 @@
 #include "Editing.h"
 
 #include <stdio.h>
+#include <string.h>
 
 #include <corvidlmw/gadget/IconG.h>
 #include <corvidlmw/graph/Arc.h>
@@ -80,15 +81,27 @@ static void RemoveNode(Agnode_t *node) {
     agdelete(data, node);
 }
 
+/* The graph's own list is shared: dressing a node may ask for one again. */
+static WidgetList CopySelectedNodes(Widget graph, int *count) {
+    WidgetList nodes = XmGraphGetSelectedNodes(graph, count);
+    const size_t size = (size_t)*count * sizeof *nodes;
+    WidgetList copy = (WidgetList)XtMalloc((Cardinal)size);
+
+    if (*count > 0)
+        memcpy(copy, nodes, size);
+    return copy;
+}
+
 void DeleteSelected(Widget graph) {
     int count;
     WidgetList arcs = XmGraphGetSelectedArcs(graph, &count);
 
     for (int i = 0; i < count; i++)
         RemoveEdge(EdgeOf(arcs[i]));
-    WidgetList nodes = XmGraphGetSelectedNodes(graph, &count);
+    WidgetList nodes = CopySelectedNodes(graph, &count);
     for (int i = 0; i < count; i++)
         RemoveNode(NodeOf(nodes[i]));
+    XtFree((char *)nodes);
     XmGraphDestroySelectedArcsOrNodes(graph);
 }
 
@@ -118,5 +131,6 @@ Boolean SaveDot(Agraph_t *data, const char *path) {
     if (WriteDot(data, new_path) && rename(new_path, path) == 0)
         return True;
     perror(path);
+    remove(new_path);
     return False;
 }

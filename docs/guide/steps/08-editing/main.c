@@ -54,14 +54,10 @@ int main(int argc, char **argv) {
     Widget shell =
         XtVaOpenApplication(&app, "Guide", NULL, 0, &argc, argv, NULL, applicationShellWidgetClass,
                             XmNwidth, 480, XmNheight, 370, NULL);
-    if (argc != 2) {
-        fprintf(stderr, "usage: %s FILE\n", argv[0]);
-        return 2;
-    }
-    path = argv[1];
-    Agraph_t *data = ReadDot(path);
+    Agraph_t *data = ReadArgument(argc, argv);
     if (!data)
         return 1;
+    path = argv[1];
 
     MakeWindow(shell, data);
     XtRealizeWidget(shell);

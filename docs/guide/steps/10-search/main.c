@@ -1,6 +1,4 @@
 /* Looks for nodes of a DOT file: main FILE */
-#include <stdio.h>
-
 #include <Xm/Xm.h>
 
 #include <corvidlmw/gadget/IconG.h>
@@ -32,11 +30,7 @@ int main(int argc, char **argv) {
     Widget shell =
         XtVaOpenApplication(&app, "Guide", NULL, 0, &argc, argv, NULL, applicationShellWidgetClass,
                             XmNwidth, 700, XmNheight, 360, NULL);
-    if (argc != 2) {
-        fprintf(stderr, "usage: %s FILE\n", argv[0]);
-        return 2;
-    }
-    Agraph_t *data = ReadDot(argv[1]);
+    Agraph_t *data = ReadArgument(argc, argv);
     if (!data)
         return 1;
 

@@ -1,6 +1,4 @@
 /* Menus, zoom and printing for a DOT file: main FILE */
-#include <stdio.h>
-
 #include <Xm/MainW.h>
 #include <Xm/RowColumn.h>
 #include <Xm/Xm.h>
@@ -42,11 +40,7 @@ int main(int argc, char **argv) {
     Widget shell =
         XtVaOpenApplication(&app, "GuideBrowser", NULL, 0, &argc, argv, NULL,
                             applicationShellWidgetClass, XmNwidth, 480, XmNheight, 330, NULL);
-    if (argc != 2) {
-        fprintf(stderr, "usage: %s FILE\n", argv[0]);
-        return 2;
-    }
-    Agraph_t *data = ReadDot(argv[1]);
+    Agraph_t *data = ReadArgument(argc, argv);
     if (!data)
         return 1;
 

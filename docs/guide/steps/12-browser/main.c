@@ -103,14 +103,10 @@ int main(int argc, char **argv) {
     Widget shell =
         XtVaOpenApplication(&app, "GuideBrowser", NULL, 0, &argc, argv, NULL,
                             applicationShellWidgetClass, XmNwidth, 760, XmNheight, 460, NULL);
-    if (argc != 2) {
-        fprintf(stderr, "usage: %s FILE\n", argv[0]);
-        return 2;
-    }
-    path = argv[1];
-    Agraph_t *data = ReadDot(path);
+    Agraph_t *data = ReadArgument(argc, argv);
     if (!data)
         return 1;
+    path = argv[1];
 
     MakeWindow(shell, data);
     XtRealizeWidget(shell);
