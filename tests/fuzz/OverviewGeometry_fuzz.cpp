@@ -87,7 +87,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const Scale scale = ScaleFor(window, extent, skewed);
     CheckScale(scale, window, extent, skewed);
     CheckNode(scale, input.Box());
-    const Rectangle frame = FrameFor(scale, input.Place(), ReadSize(input));
+    const Point origin = input.Place();
+    const Rectangle frame = FrameFor(scale, origin, ReadSize(input));
     Require(frame.width <= 32766 && frame.height <= 32766 && frame.x <= 32766);
     CheckInside(frame, window);
     CheckTouch(KeepInside(frame, window), input.Box());

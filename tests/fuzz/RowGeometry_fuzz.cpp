@@ -138,8 +138,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const int count = input.Between(-1, 1 << 30);
     const int top = input.Whole();
     const int visible = input.Between(1, 1 << 30);
-    CheckBars(layout.frame, count, top, visible, input.Between(0, 1 << 30),
-              input.Between(0, 1 << 30));
+    const int max_width = input.Between(0, 1 << 30);
+    CheckBars(layout.frame, count, top, visible, max_width, input.Between(0, 1 << 30));
     CheckNeeds(input);
     return 0;
 }

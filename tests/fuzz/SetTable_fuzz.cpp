@@ -97,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Settle();
     rows.resize(rows.size() - static_cast<std::size_t>(fewer));
     SetAndCheck(list, rows, numbers.Between(-10, 2000));
-    LmListSetTable(list, nullptr, numbers.Whole(), numbers.Between(-10, 2000));
+    const int count = numbers.Whole();
+    LmListSetTable(list, nullptr, count, numbers.Between(-10, 2000));
     CheckItems(list, {});
     return 0;
 }
