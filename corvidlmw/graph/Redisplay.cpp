@@ -431,6 +431,9 @@ Boolean GraphSetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *
         XDefineCursor(XtDisplay(new_w), XtWindow(new_w), graph.ptr_cursor);
     }
     graph.twins_visible = graph.twins_visible ? True : False;
+    if (!graph.default_node_class) {
+        graph.default_node_class = old.default_node_class;
+    }
     SpoilFigure(new_w); // a manager repaints its gadgets and its children's borders in new colours
     bool relayout = UpdateSpacing(current, new_w);
     relayout = WantsLayout(old, graph) || relayout;

@@ -272,9 +272,27 @@ void ReleaseScrollBars(Widget w) {
     }
 }
 
+// Anything else the scrolled window would crash with.
+bool CanBeBar(const LmListPart &list, Widget bar) {
+    return !bar || (XmIsScrollBar(bar) && XtParent(bar) == list.scrolled_window);
+}
+
+void RefuseOtherWidgets(LmListPart &list, const LmListPart &old) {
+    for (auto bar : {&LmListPart::vertical_scroll_bar, &LmListPart::horizontal_scroll_bar}) {
+        if (!CanBeBar(list, list.*bar)) {
+            list.*bar = old.*bar;
+        }
+    }
+    if (list.vertical_scroll_bar && list.vertical_scroll_bar == list.horizontal_scroll_bar) {
+        list.vertical_scroll_bar = old.vertical_scroll_bar;
+        list.horizontal_scroll_bar = old.horizontal_scroll_bar;
+    }
+}
+
 // The client says which bars there are; those that it brings along report to the client alone.
 void ExchangeScrollBars(Widget w, const LmListPart &old) {
     auto &list = ListOf(w);
+    RefuseOtherWidgets(list, old);
     const auto &made = StateOf(list).made_bars;
     for (Widget bar : {old.vertical_scroll_bar, old.horizontal_scroll_bar}) {
         if (bar && std::find(made.begin(), made.end(), bar) == made.end()) {

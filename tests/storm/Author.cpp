@@ -204,14 +204,20 @@ Step Author::Set() {
     return step;
 }
 
+// A table's text would leave its count as it was; a class has none that would name it; and no size of 0 is the
+// toolkit's to refuse.
+bool CanBeText(const Setting &setting) {
+    return setting.type != XmRXmStringTable && setting.name != XmNdefaultNodeClass &&
+           setting.name != XmNwidth && setting.name != XmNheight;
+}
+
 Step Author::Text() {
     const int id = AnyWidget();
     const WidgetClass widget_class = cast_.ClassOf(id);
     if (!widget_class)
         return Pump();
-    // A table's text would leave its count as it was.
     const Setting &setting = chance_.Of(SettingsOf(widget_class, nullptr));
-    if (setting.type == XmRXmStringTable)
+    if (!CanBeText(setting))
         return Pump();
     return {{"text", Id(id), setting.name, AnyResourceText(chance_, setting.type)}};
 }
@@ -325,6 +331,7 @@ constexpr std::array child_kinds = {"XmPushButton", "XmPushButtonGadget", "XmLab
                                     "XmGraph",      "XmHorzPanedWindow",  "XmFrame",
                                     "XmRowColumn",  "XmToggleButton"};
 
+// The toolkit's scrolled window, which a scrolled list's settings go to as well, takes anything for a bar.
 Step Author::Make() {
     if (cast_.size() >= most_widgets || IsWorkbench())
         return Kill();
@@ -335,8 +342,9 @@ Step Author::Make() {
     Step step{{"make", Id(id), kind, Id(parent)}};
     const auto &settings = SettingsOf(storm::ClassOf(kind), cast_.ClassOf(parent));
     for (int left = chance_.Between(0, 3); left > 0; left--)
-        for (auto &word : WordsToSet(chance_, cast_, chance_.Of(settings)))
-            step.words.push_back(std::move(word));
+        if (const Setting &setting = chance_.Of(settings); !setting.name.ends_with("ScrollBar"))
+            for (auto &word : WordsToSet(chance_, cast_, setting))
+                step.words.push_back(std::move(word));
     if (parent)
         cast_.Add(id, kind, parent);
     return step;

@@ -197,8 +197,10 @@ struct Draw {
     std::string Position() const {
         return chance.OneIn(6) ? AnyNumber(chance) : SmallNumber(chance, -1, 24);
     }
+    // Of the window's depth: the server refuses others.
     std::string Icon() const {
-        return chance.OneIn(4) ? chance.Of({"0", "2"}) : "pixmap:" + SmallNumber(chance, 0, 5);
+        return chance.OneIn(4) ? chance.Of({"0", "2"})
+                               : "pixmap:" + chance.Of({"0", "1", "2", "5"});
     }
     std::string Fonts() const {
         return chance.OneIn(4) ? "nil" : "fonts:" + SmallNumber(chance, 0, 4);

@@ -111,7 +111,7 @@ const std::map<std::string, Value> inherited = {
     {XmNhighlightThickness, From<0, 12>},
     {XmNtraversalOn, From<0, 1>},
     {XmNnavigationType, From<0, 3>},
-    {XmNunitType, From<0, 5>},
+    {XmNunitType, From<XmPIXELS, Xm100TH_FONT_UNITS>},
     {XmNlayoutDirection,
      [](Chance &chance, const Cast &) {
          return WordFor(chance.OneIn(2) ? XmLEFT_TO_RIGHT : XmRIGHT_TO_LEFT);

@@ -59,11 +59,12 @@ void FillArea(XEvent &event, const Lie &lie) {
         event.xconfigure.height = lie.Number(detail) + 1;
         return;
     }
+    // The last of its series: Xt waits for the others, which never come.
+    event.xexpose.count = 0;
     event.xexpose.x = lie.Number(x);
     event.xexpose.y = lie.Number(y);
     event.xexpose.width = lie.Number(state);
     event.xexpose.height = lie.Number(detail);
-    event.xexpose.count = lie.Number(when) & 1;
 }
 
 XEvent EventOf(const Lie &lie, Display *display) {
