@@ -324,12 +324,12 @@ Step Author::Traverse() {
 
 // ---- Life -------------------------------------------------------------------------------------------
 
-constexpr std::array child_kinds = {"XmPushButton", "XmPushButtonGadget", "XmLabelGadget",
-                                    "XmTextField",  "XmvIconGadget",      "SvScrollBar",
-                                    "LmList",       "LmScrolledList",     "XmSeparatorGadget",
-                                    "XmGrid",       "XmSpringBox",        "XmRubberBoard",
-                                    "XmGraph",      "XmHorzPanedWindow",  "XmFrame",
-                                    "XmRowColumn",  "XmToggleButton"};
+constexpr std::array child_kinds = {"XmPushButton",   "XmPushButtonGadget", "XmLabelGadget",
+                                    "XmToggleButton", "XmvIconGadget",      "SvScrollBar",
+                                    "LmList",         "LmScrolledList",     "XmSeparatorGadget",
+                                    "XmGrid",         "XmSpringBox",        "XmRubberBoard",
+                                    "XmGraph",        "XmHorzPanedWindow",  "XmFrame",
+                                    "XmRowColumn"};
 
 // The toolkit's scrolled window, which a scrolled list's settings go to as well, takes anything for a bar.
 Step Author::Make() {

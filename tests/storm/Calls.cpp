@@ -63,6 +63,17 @@ bool GetRegion(Arguments &arguments) {
     return true;
 }
 
+// call XmGraphGetArcsBetweenNodes GRAPH FROM TO
+bool GetArcsBetween(Arguments &arguments) {
+    Widget graph = arguments.As<Widget>(0);
+    Widget from = arguments.As<Widget>(1), to = arguments.As<Widget>(2);
+    if (!arguments.values.Good())
+        return false;
+    int count = 0;
+    XtFree(reinterpret_cast<char *>(XmGraphGetArcsBetweenNodes(graph, from, to, &count)));
+    return true;
+}
+
 // call XmGraphCreateOverView NUMBER GRAPH PARENT
 bool CreateOverview(Arguments &arguments) {
     Widget graph = arguments.As<Widget>(1), parent = arguments.As<Widget>(2);
@@ -189,7 +200,7 @@ const std::map<std::string, Function> functions = {
     PLAIN(XmGraphNumNodeArcs),
     PLAIN(XmGraphGetNodeArcs),
     PLAIN(XmGraphGetArcNodes),
-    PLAIN(XmGraphGetArcsBetweenNodes),
+    {"XmGraphGetArcsBetweenNodes", GetArcsBetween},
     PLAIN(XmGraphSelectNode),
     PLAIN(XmGraphSelectNodes),
     PLAIN(XmGraphSelectArc),

@@ -22,7 +22,6 @@
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/SeparatoG.h>
-#include <Xm/TextF.h>
 #include <Xm/ToggleB.h>
 
 namespace corvidlmw::storm {
@@ -60,7 +59,6 @@ const std::map<std::string, Entry> &Entries() {
         {"XmScrollBar", {XmCreateScrollBar, &xmScrollBarWidgetClass}},
         {"XmScrolledWindow", {XmCreateScrolledWindow, &xmScrolledWindowWidgetClass}},
         {"XmSeparatorGadget", {XmCreateSeparatorGadget, &xmSeparatorGadgetClass}},
-        {"XmTextField", {XmCreateTextField, &xmTextFieldWidgetClass}},
         {"XmToggleButton", {XmCreateToggleButton, &xmToggleButtonWidgetClass}},
     };
     return entries;

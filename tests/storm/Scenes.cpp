@@ -48,9 +48,11 @@ void MakeStage(Setting &setting) {
                  0, "marginWidth 0 marginHeight 0 width 640 height 480");
 }
 
+// The toolkit's text field is not among them, nor below: it jumps to where no code is when Delete and Page Up
+// follow each other with all modifiers held, and its quick copies leak.
 void MakeNeighbours(Setting &setting) {
     setting.Make(80, "XmPushButton", 1, "x 340 y 10 labelString \"before");
-    setting.Make(81, "XmTextField", 1, "x 340 y 60");
+    setting.Make(81, "XmToggleButton", 1, "x 340 y 60");
     if (setting.chance().OneIn(2))
         setting.Make(82, "XmPushButtonGadget", 1, "x 340 y 120 labelString \"gadget");
 }
@@ -61,7 +63,7 @@ void MakeNodes(Setting &setting, int graph, int first, int count) {
     for (int id = first; id < first + count; id++)
         setting.Make(id,
                      setting.Any({"XmPushButtonGadget", "XmvIconGadget", "XmPushButtonGadget",
-                                  "XmPushButton", "XmLabelGadget", "XmTextField"}),
+                                  "XmPushButton", "XmLabelGadget", "XmToggleButton"}),
                      graph);
 }
 
@@ -141,7 +143,7 @@ Steps SetScrollBar(Chance &chance) {
 // ---- Managers ---------------------------------------------------------------------------------------
 
 constexpr auto child_kinds = {
-    "XmPushButton", "XmPushButtonGadget", "XmLabelGadget", "XmTextField",     "XmvIconGadget",
+    "XmPushButton", "XmPushButtonGadget", "XmLabelGadget", "XmToggleButton",  "XmvIconGadget",
     "SvScrollBar",  "XmSeparatorGadget",  "LmList",        "XmBulletinBoard", "XmFrame"};
 
 template <const char *const &kind>

@@ -45,12 +45,15 @@ XmFontList MakeFonts(const std::vector<XmRendition> &renditions) {
     return fonts;
 }
 
-void ReleaseAllKeys() {
+void ReleaseAll(Display *through) {
+    for (unsigned button = 1; button <= 5; button++)
+        XTestFakeButtonEvent(through, button, False, CurrentTime);
     std::array<char, 32> down{};
-    XQueryKeymap(Robot(), down.data());
+    XQueryKeymap(through, down.data());
     for (unsigned code = 0; code < 256; code++)
         if (static_cast<unsigned char>(down[code / 8]) >> (code % 8) & 1)
-            XTestFakeKeyEvent(Robot(), code, False, CurrentTime);
+            XTestFakeKeyEvent(through, code, False, CurrentTime);
+    XSync(through, False);
 }
 
 } // namespace
@@ -195,10 +198,7 @@ void World::Key(const std::string &name, bool down) {
 }
 
 void World::LetGoOfAll() {
-    for (unsigned button = 1; button <= 5; button++)
-        Button(button, false);
-    ReleaseAllKeys();
-    XSync(Robot(), False);
+    ReleaseAll(Robot());
 }
 
 // ---- Events --------------------------------------------------------------------------------------
@@ -216,14 +216,15 @@ void World::BeforeWaiting(XtPointer closure) {
     XPutBackEvent(world->display, &event);
 }
 
-// They end with the gesture that they serve.
+// They end with the gesture that they serve. A drag may have grabbed the server: nobody else is listened to.
 void World::EndInnerLoops() {
-    LetGoOfAll();
+    ReleaseAll(display);
     if (waits_ % 8 == 0) {
-        Key("Escape", true);
-        Key("Escape", false);
+        const KeyCode escape = XKeysymToKeycode(display, XK_Escape);
+        XTestFakeKeyEvent(display, escape, True, CurrentTime);
+        XTestFakeKeyEvent(display, escape, False, CurrentTime);
+        XSync(display, False);
     }
-    test::interpose::SyncUnseen(display);
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
