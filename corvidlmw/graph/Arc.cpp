@@ -7,6 +7,7 @@
 // never becomes anything else: freed records are kept, zeroed, for new arcs only.
 
 #include <corvidlmw/graph/GraphI.h>
+#include <corvidlmw/toolkit/BlackAndWhite.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -34,6 +35,7 @@ void GetValuesHook(Widget w, ArgList args, Cardinal *num_args);
 // clang-format off
 #define TEXT(value) const_cast<char *>(XmRString), const_cast<char *>(value)
 #define IMMEDIATE(value) const_cast<char *>(XmRImmediate), reinterpret_cast<XtPointer>(static_cast<XtArgVal>(value))
+#define COMPUTED(value) const_cast<char *>(XmRCallProc), reinterpret_cast<XtPointer>(value)
 #define ROW(name, class, type, ctype, field, ...) \
     {Name(name), Name(class), Name(type), sizeof(ctype), offsetof(XmArcRec, arc.field), __VA_ARGS__}
 #define CALLBACK(name, field) \
@@ -50,7 +52,7 @@ XtResource resources[] = {
     ROW(XmNarcDirection, XmCDirection, XmRArcDirection, unsigned char, arc_direction, TEXT("undirected")),
 
     // Look
-    ROW(XmNforeground, XmCForeground, XmRPixel, Pixel, foreground, TEXT("Black")),
+    ROW(XmNforeground, XmCForeground, XmRPixel, Pixel, foreground, COMPUTED(BlackDefault)),
     ROW(XmNhighlight, XmCHighlight, XmRBoolean, Boolean, highlight, TEXT("False")),
     ROW(XmNfontList, XmCFontList, XmRFontList, XmFontList, font_list, IMMEDIATE(0)),
     ROW(XmNlabelString, XmCLabelString, XmRXmString, _XmString, label_string, IMMEDIATE(0)),

@@ -8,6 +8,7 @@
 // goes: see destroy_node_callback and destroy_arc_callback.
 
 #include <corvidlmw/graph/GraphI.h>
+#include <corvidlmw/toolkit/BlackAndWhite.h>
 
 #include <Xm/DrawingA.h>
 #include <Xm/PushBG.h>
@@ -56,6 +57,7 @@ Boolean ConstraintSetValues(Widget current, Widget request, Widget new_w, ArgLis
 #define TEXT(value) const_cast<char *>(XmRString), const_cast<char *>(value)
 #define IMMEDIATE(value) const_cast<char *>(XmRImmediate), reinterpret_cast<XtPointer>(static_cast<XtArgVal>(value))
 #define PROCEDURE(value) const_cast<char *>(XmRImmediate), reinterpret_cast<XtPointer>(value)
+#define COMPUTED(value) const_cast<char *>(XmRCallProc), reinterpret_cast<XtPointer>(value)
 #define CALLBACK(name, field) \
     {Name(name), Name(XmCCallback), Name(XmRCallback), sizeof(XtCallbackList), GRAPH(field), Name(XmRCallback), nullptr}
 #define ROW(name, class, type, ctype, field, ...) \
@@ -99,11 +101,11 @@ XtResource resources[] = {
     ROW(XmNindicateParentCursor, XmCCursor, XmRCursor, Cursor, indicate_parent_cursor, IMMEDIATE(None)),
 
     // Colours and the overview
-    ROW(XmNhighlightColor, XmCHighlightColor, XmRPixel, Pixel, highlight_color, TEXT("White")),
-    ROW(XmNoverviewLineColor, XmCOverviewColor, XmRPixel, Pixel, overview_line_color, TEXT("Black")),
-    ROW(XmNoverviewNodeColor, XmCOverviewColor, XmRPixel, Pixel, overview_node_color, TEXT("White")),
-    ROW(XmNoverviewViewportBottomShadowColor, XmCOverviewViewportColor, XmRPixel, Pixel, overview_viewport_bottom_shadow_color, TEXT("White")),
-    ROW(XmNoverviewViewportTopShadowColor, XmCOverviewViewportColor, XmRPixel, Pixel, overview_viewport_top_shadow_color, TEXT("White")),
+    ROW(XmNhighlightColor, XmCHighlightColor, XmRPixel, Pixel, highlight_color, COMPUTED(WhiteDefault)),
+    ROW(XmNoverviewLineColor, XmCOverviewColor, XmRPixel, Pixel, overview_line_color, COMPUTED(BlackDefault)),
+    ROW(XmNoverviewNodeColor, XmCOverviewColor, XmRPixel, Pixel, overview_node_color, COMPUTED(WhiteDefault)),
+    ROW(XmNoverviewViewportBottomShadowColor, XmCOverviewViewportColor, XmRPixel, Pixel, overview_viewport_bottom_shadow_color, COMPUTED(WhiteDefault)),
+    ROW(XmNoverviewViewportTopShadowColor, XmCOverviewViewportColor, XmRPixel, Pixel, overview_viewport_top_shadow_color, COMPUTED(WhiteDefault)),
     ROW(XmNshowOverviewArcs, XmCShowOverviewArcs, XmRBoolean, Boolean, show_overview_arcs, TEXT("TRUE")),
     ROW(XmNskewOverviewScale, XmCSkewOverviewScale, XmRBoolean, Boolean, skew_overview_scale, TEXT("FALSE")),
 
@@ -451,6 +453,8 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes) {
         CreateCoverWindow(w);
     }
     XtCreateWindow(w, InputOutput, static_cast<Visual *>(CopyFromParent), *mask, attributes);
+    // Below all others: the toolkit asks the server about each window that lies above the focus.
+    XtRealizeWidget(GraphOf(w).root->widget);
 }
 
 // ---- Destruction ---------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // The graph's cursors and GCs: built at creation, given back at its end.
 
 #include <corvidlmw/graph/GraphI.h>
+#include <corvidlmw/toolkit/BlackAndWhite.h>
 
 using namespace corvidlmw;
 using namespace corvidlmw::graph;
@@ -29,13 +30,10 @@ Cursor BuildCursor(Widget w, const CursorBits &bits) {
     Display *display = XtDisplay(w);
     Screen *screen = XtScreen(w);
     Window root = RootWindowOfScreen(screen);
-    XColor colors[2] = {};
-    colors[0].pixel = BlackPixelOfScreen(screen);
-    colors[1].pixel = WhitePixelOfScreen(screen);
-    XQueryColors(display, DefaultColormapOfScreen(screen), colors, 2);
+    BlackAndWhite colors = BlackAndWhite::Of(screen);
     Pixmap image = XCreateBitmapFromData(display, root, bits.image, cursor_size, cursor_size);
     Pixmap mask = XCreateBitmapFromData(display, root, bits.mask, cursor_size, cursor_size);
-    Cursor cursor = XCreatePixmapCursor(display, image, mask, &colors[0], &colors[1], 1, 14);
+    Cursor cursor = XCreatePixmapCursor(display, image, mask, &colors.black, &colors.white, 1, 14);
     XFreePixmap(display, image);
     XFreePixmap(display, mask);
     return cursor;

@@ -86,6 +86,8 @@ void UseListByInput(Stage &stage, Widget list) {
     stage.Click(list, 20, 30, Button1, ControlMask);
     stage.Click(list, 20, 50, Button1, ShiftMask);
     UseKeyboard(stage, list);
+    if (stage.display_was_closed)
+        return;
     XEvent event{};
     event.xkey.type = KeyPress;
     event.xkey.display = stage.display;
@@ -190,7 +192,9 @@ Widget MakeGadget(Stage &stage, Widget parent, Whose whose) {
 } // namespace
 
 void LiveIconGadget(Stage &stage, Whose whose) {
-    Widget row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, stage.board, nullptr);
+    Widget row = XtVaCreateManagedWidget(
+        "row", stage.display_was_closed ? xmBulletinBoardWidgetClass : xmRowColumnWidgetClass,
+        stage.board, nullptr);
     Widget first = MakeGadget(stage, row, whose);
     Widget gadget = MakeGadget(stage, row, whose);
     stage.Pump();

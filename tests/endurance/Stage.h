@@ -59,6 +59,8 @@ public:
 
     Widget board = nullptr;
     Pixmap icon = None;
+    // Where a display has been closed the toolkit still asks it: in a row column, and to convert text.
+    bool display_was_closed = false;
 };
 
 // Compound strings for as long as this lives.

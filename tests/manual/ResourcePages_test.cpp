@@ -150,6 +150,15 @@ bool IsFilledIn(const XtResource &resource) {
     return places.count(resource.resource_name) > 0;
 }
 
+// What the text is as a value of the resource.
+XtArgVal Converted(Widget w, const std::string &text, const XtResource &resource) {
+    XtArgVal value = 0;
+    XrmValue from = {static_cast<unsigned>(text.size() + 1), Name(text.c_str())};
+    XrmValue to = {resource.resource_size, reinterpret_cast<XPointer>(&value)};
+    EXPECT_TRUE(XtConvertAndStore(w, XtRString, &from, resource.resource_type, &to)) << text;
+    return value;
+}
+
 void ResourcePages::CheckDefault(bool constraints, const XtResource &resource,
                                  const PageResource &row) {
     Widget w = Make(constraints);
@@ -162,9 +171,13 @@ void ResourcePages::CheckDefault(bool constraints, const XtResource &resource,
     } else if (row.preset == "built-in") {
         EXPECT_TRUE(fresh == stored && fresh != 0);
     } else if (row.preset.front() == '"') {
-        EXPECT_EQ(type, XtRString);
-        EXPECT_EQ(row.preset,
-                  '"' + std::string(static_cast<const char *>(resource.default_addr)) + '"');
+        const std::string text = row.preset.substr(1, row.preset.size() - 2);
+        if (type == XtRString) {
+            EXPECT_EQ(text, static_cast<const char *>(resource.default_addr));
+        } else {
+            EXPECT_EQ(type, XtRCallProc);
+            EXPECT_EQ(fresh, Converted(w, text, resource));
+        }
     } else if (const auto number = NumberOf(row.preset)) {
         EXPECT_EQ(IsFilledIn(resource) ? stored : fresh, Cut(*number, resource.resource_size))
             << row.preset;

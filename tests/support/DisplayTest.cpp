@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <atomic>
 #include <clocale>
-#include <set>
 #include <string>
 #include <thread>
 
@@ -38,12 +37,9 @@ bool HasComeUp(Widget widget) {
 // good: Xt keeps some memory for each that is taken back.
 class IdleWatch {
 public:
-    IdleWatch(XtAppContext app, Display *any_display) : display(any_display) {
-        static std::set<XtAppContext> hooked;
-        if (hooked.insert(app).second)
-            XtAppAddBlockHook(app, NoteIdle, nullptr);
-        current = this;
-    }
+    static void Hook(XtAppContext app) { XtAppAddBlockHook(app, NoteIdle, nullptr); }
+
+    explicit IdleWatch(Display *any_display) : display(any_display) { current = this; }
     ~IdleWatch() { current = nullptr; }
     IdleWatch(const IdleWatch &) = delete;
     IdleWatch &operator=(const IdleWatch &) = delete;
@@ -91,13 +87,14 @@ struct Deadline {
 
 // ---- Client --------------------------------------------------------------------
 
-Client::Client() {
+Client::Client(const std::string &display_name) {
     InitialiseToolkitOnce();
     context = XtCreateApplicationContext();
     InstallComplaintHandlers(context);
+    IdleWatch::Hook(context);
     int argc = 0;
-    display = XtOpenDisplay(context, XServer::Instance().name().c_str(), "test", "Test", nullptr, 0,
-                            &argc, nullptr);
+    display =
+        XtOpenDisplay(context, display_name.c_str(), "test", "Test", nullptr, 0, &argc, nullptr);
     if (!display)
         XtAppError(context, "the private X server takes no connection");
 }
@@ -116,12 +113,20 @@ Widget MakeShell(Display *display, const char *shell_name, int width, int height
 
 // ---- Fixture -------------------------------------------------------------------
 
-// Each shell has a name of its own, so that one test's resources do not reach the next.
 void DisplayTest::SetUp() {
-    static int shells_made = 0;
-    app = Client::Shared().context;
-    display = Client::Shared().display;
     Complaints::Current() = {};
+    UseClient(Client::Shared());
+}
+
+// Each shell has a name of its own, so that one test's resources do not reach the next.
+void DisplayTest::UseClient(const Client &client) {
+    static int shells_made = 0;
+    if (shell) {
+        XtDestroyWidget(shell);
+        RunWorkProcs();
+    }
+    app = client.context;
+    display = client.display;
     shell = MakeShell(display, ("test" + std::to_string(++shells_made)).c_str(), width_, height_);
     XtAddCallback(
         shell, XtNdestroyCallback,
@@ -176,7 +181,7 @@ void PumpEvents(XtAppContext app, Display *display) {
 
 void RunAllDue(XtAppContext app, Display *display) {
     PumpEvents(app, display);
-    for (IdleWatch watch(app, display); !watch.idle;)
+    for (IdleWatch watch(display); !watch.idle;)
         XtAppProcessEvent(app, XtIMAll);
     PumpEvents(app, display);
 }

@@ -4,6 +4,7 @@
 #define CORVIDLMW_TESTS_SUPPORT_DISPLAYTEST_H
 
 #include <tests/support/Complaints.h>
+#include <tests/support/XServer.h>
 
 #include <Xm/Xm.h>
 #include <tests/support/GoogleTest.h>
@@ -16,11 +17,11 @@
 
 namespace corvidlmw::test {
 
-// A connection to the private server with its application context. It is never closed: Motif's
+// A connection to the private server, or to another display, with its application context. It is never closed: Motif's
 // caches keep GCs and pixmaps of a closed connection, and give them to the next one that comes to
 // lie at the same address.
 struct Client {
-    Client();
+    explicit Client(const std::string &display_name = XServer::Instance().name());
     Client(const Client &) = delete;
     Client &operator=(const Client &) = delete;
 
@@ -45,6 +46,9 @@ protected:
 
     void SetUp() override;
     void TearDown() override;
+
+    // Goes on with a shell of this client's; the old shell is destroyed.
+    void UseClient(const Client &client);
 
     XtAppContext app = nullptr;
     Display *display = nullptr;

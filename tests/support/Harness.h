@@ -27,6 +27,7 @@
 #include <tests/support/Picture.h>
 #include <tests/support/Random.h>
 #include <tests/support/Recorder.h>
+#include <tests/support/SlowProxy.h>
 #include <tests/support/Traffic.h>
 #include <tests/support/XServer.h>
 

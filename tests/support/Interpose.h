@@ -31,6 +31,8 @@ struct Counts {
     long ignored_requests = 0;
     long replies = 0;
     long round_trips = 0;
+    // Of the harness's own.
+    long ignored_round_trips = 0;
 };
 Counts CountsOf(Display *display);
 

@@ -37,8 +37,10 @@ void NoteWait(xcb_connection_t *c, uint32_t awaited, uint32_t last_sent) {
     const bool travels = IsAfter(awaited, connection.covered);
     if (travels)
         connection.covered = IsAfter(last_sent, awaited) ? last_sent : awaited;
-    if (Unseen::Active())
+    if (Unseen::Active()) {
+        connection.counts.ignored_round_trips += travels ? 1 : 0;
         return;
+    }
     ++connection.counts.replies;
     connection.counts.round_trips += travels ? 1 : 0;
 }

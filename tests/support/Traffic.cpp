@@ -35,6 +35,10 @@ long RequestCounter::round_trips() const {
     return interpose::CountsOf(display_).round_trips - round_trips_at_start_;
 }
 
+long RequestCounter::UnseenRoundTrips(Display *display) {
+    return interpose::CountsOf(display).ignored_round_trips;
+}
+
 long RequestCounter::replies() const {
     return interpose::CountsOf(display_).replies - replies_at_start_;
 }

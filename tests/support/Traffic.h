@@ -25,6 +25,9 @@ public:
     long replies() const;
     void Restart();
 
+    // What the harness itself waited for on this connection, ever.
+    static long UnseenRoundTrips(Display *display);
+
 private:
     Display *display_;
     long requests_at_start_ = 0;

@@ -33,7 +33,8 @@ void MakeEnvironmentNeutral() {
         unsetenv(variable);
 }
 
-[[noreturn]] void BecomeServer(int display_pipe, pid_t parent) {
+[[noreturn]] void BecomeServer(int display_pipe, pid_t parent, const std::string &screen,
+                               int dots_per_inch) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     if (getppid() != parent)
         std::_Exit(EXIT_FAILURE);
@@ -44,10 +45,9 @@ void MakeEnvironmentNeutral() {
         dup2(nowhere, descriptor);
     fcntl(display_pipe, F_SETFD, 0);
     const std::string descriptor = std::to_string(display_pipe);
-    const std::string screen =
-        std::to_string(XServer::width) + "x" + std::to_string(XServer::height) + "x24";
-    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen.c_str(),
-           "-noreset", "-nolisten", "tcp", "-ac", static_cast<char *>(nullptr));
+    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen.c_str(), "-dpi",
+           std::to_string(dots_per_inch).c_str(), "-noreset", "-nolisten", "tcp", "-ac",
+           static_cast<char *>(nullptr));
     std::_Exit(EXIT_FAILURE);
 }
 
@@ -80,12 +80,28 @@ Display *OpenRobot(const std::string &name) {
 } // namespace
 
 XServer &XServer::Instance() {
+    if (turn_)
+        return *turn_;
     static XServer server;
     return server;
 }
 
 XServer::XServer() : owner_(getpid()) {
     MakeEnvironmentNeutral();
+    if (const char *shared = std::getenv("CORVIDLMW_TEST_SERVER")) {
+        name_ = shared;
+        robot_ = OpenRobot(name_);
+    } else {
+        Start(std::to_string(width) + "x" + std::to_string(height) + "x24", 96);
+    }
+    setenv("DISPLAY", name_.c_str(), 1);
+}
+
+XServer::XServer(const std::string &screen, int dots_per_inch) : owner_(getpid()) {
+    Start(screen, dots_per_inch);
+}
+
+void XServer::Start(const std::string &screen, int dots_per_inch) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         GiveUp("no pipe");
@@ -93,11 +109,10 @@ XServer::XServer() : owner_(getpid()) {
     if (process_ < 0)
         GiveUp("no process for the X server");
     if (process_ == 0)
-        BecomeServer(ends[1], owner_);
+        BecomeServer(ends[1], owner_, screen, dots_per_inch);
     close(ends[1]);
     name_ = ":" + ReadDisplayNumber(ends[0]);
     close(ends[0]);
-    setenv("DISPLAY", name_.c_str(), 1);
     robot_ = OpenRobot(name_);
 }
 
@@ -105,6 +120,8 @@ XServer::~XServer() {
     if (getpid() != owner_)
         return;
     XCloseDisplay(robot_);
+    if (process_ == 0)
+        return;
     kill(process_, SIGTERM);
     waitpid(process_, nullptr, 0);
 }
