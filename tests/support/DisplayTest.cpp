@@ -265,13 +265,14 @@ void DisplayTest::Drag(Widget widget, XPoint from, XPoint to, unsigned int butto
 
 // The toolkit's loops wait for input, so it comes from a thread of its own, at a person's pace.
 void DisplayTest::DragAndDrop(Widget from, XPoint start, Widget to, XPoint end, unsigned int button,
-                              const std::function<bool()> &dropped) {
+                              const std::function<bool()> &dropped,
+                              std::chrono::milliseconds step_time) {
     const Window source = WindowOf(from);
     const Window target = WindowOf(to);
     MoveTo(from, start.x, start.y);
     std::atomic<bool> let_go = false;
     std::thread hand([=, &let_go] {
-        const auto pause = [] { std::this_thread::sleep_for(std::chrono::milliseconds(30)); };
+        const auto pause = [=] { std::this_thread::sleep_for(step_time); };
         input::SetButton(button, true);
         for (short step = 1; step <= 4; step++) {
             pause();

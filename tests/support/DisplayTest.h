@@ -85,7 +85,8 @@ protected:
     // Drags and drops with the toolkit's own machinery, which may run its own loops meanwhile; ends when
     // `dropped` holds, or fails.
     void DragAndDrop(Widget from, XPoint start, Widget to, XPoint end, unsigned int button,
-                     const std::function<bool()> &dropped);
+                     const std::function<bool()> &dropped,
+                     std::chrono::milliseconds step = std::chrono::milliseconds(30));
     void Key(KeySym keysym, unsigned int modifiers = 0);
     // The next event comes at least this much later by the server's clock: for clicks that must not
     // make a double click. A pause is a part of what a user does, never a way to wait for a result.

@@ -134,6 +134,10 @@ public:
         return sum;
     }
 
+    void SetRoundTrip(std::chrono::milliseconds round_trip) {
+        Change([&] { delay_ = round_trip / 2; });
+    }
+
     void CutAfter(Direction direction, long bytes) {
         Change([&] { allowance_[static_cast<std::size_t>(direction)] = bytes; });
     }
@@ -256,7 +260,7 @@ private:
         }
     }
 
-    const std::chrono::microseconds delay_;
+    std::chrono::microseconds delay_;
     const std::string server_ = XServer::Instance().name();
     std::string name_;
     int listener_ = -1;
@@ -282,6 +286,10 @@ const std::string &SlowProxy::name() const {
 
 SlowProxy::Figures SlowProxy::figures() const {
     return carrier_->figures();
+}
+
+void SlowProxy::SetRoundTrip(std::chrono::milliseconds round_trip) {
+    carrier_->SetRoundTrip(round_trip);
 }
 
 void SlowProxy::CutAfter(Direction direction, long bytes) {

@@ -25,6 +25,8 @@ public:
     // Each way takes half of the round trip.
     explicit SlowProxy(std::chrono::milliseconds round_trip = {});
     ~SlowProxy();
+    // For what is sent from now on.
+    void SetRoundTrip(std::chrono::milliseconds round_trip);
     SlowProxy(const SlowProxy &) = delete;
     SlowProxy &operator=(const SlowProxy &) = delete;
 
