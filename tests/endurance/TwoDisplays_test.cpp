@@ -76,12 +76,12 @@ protected:
 TEST_P(TwoDisplays, LiveSideBySideAndOneOutlivesTheOther) {
     Complaints::Current() = {};
     XServer &first_server = XServer::Instance();
-    auto *first = new Side(first_server);
-    auto *second = new Side(Other());
+    const auto first = std::make_unique<Side>(first_server);
+    const auto second = std::make_unique<Side>(Other());
     if (GetParam().share <
         100) // the toolkit drags on one display at a time, and none after a close
         GTEST_SKIP();
-    for (Side *side : {first, second, first, second})
+    for (Side *side : {first.get(), second.get(), first.get(), second.get()})
         side->Live(GetParam());
     const ServerResources before = first->Resources();
     second->Live(GetParam());
@@ -89,7 +89,7 @@ TEST_P(TwoDisplays, LiveSideBySideAndOneOutlivesTheOther) {
     second->Close();
     first->display_was_closed = true;
     first->Live(GetParam());
-    auto *third = new Side(Other());
+    const auto third = std::make_unique<Side>(Other());
     third->display_was_closed = true;
     third->Live(GetParam());
     first->Live(GetParam());

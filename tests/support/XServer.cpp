@@ -92,7 +92,7 @@ XServer::XServer() : owner_(getpid()) {
         name_ = shared;
         robot_ = OpenRobot(name_);
     } else {
-        Start(std::to_string(width) + "x" + std::to_string(height) + "x24", 96);
+        Start(std::to_string(width) + "x" + std::to_string(height) + "x24", 100);
     }
     setenv("DISPLAY", name_.c_str(), 1);
 }

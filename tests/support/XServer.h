@@ -25,7 +25,7 @@ public:
     static XServer &Instance();
 
     // A further server; `screen` is its width, height and depth as Xvfb takes them.
-    explicit XServer(const std::string &screen, int dots_per_inch = 96);
+    explicit XServer(const std::string &screen, int dots_per_inch);
 
     // Another server's turn, for as long as this lives.
     class Turn {
