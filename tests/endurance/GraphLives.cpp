@@ -6,7 +6,6 @@
 
 #include <X11/keysym.h>
 #include <Xm/ArrowB.h>
-#include <Xm/ArrowBG.h>
 #include <Xm/DrawingA.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/SeparatoG.h>
@@ -27,7 +26,7 @@ Nodes AddNodes(Stage &stage, Widget parent) {
     for (int i = 0; i < 6; i++) {
         WidgetClass node_class = i == 1   ? xmArrowButtonWidgetClass
                                  : i == 2 ? xmvIconGadgetClass
-                                          : xmArrowButtonGadgetClass;
+                                          : xmSeparatorGadgetClass;
         nodes.push_back(XtVaCreateManagedWidget(
             "node", node_class, parent, XmNlabelString, label[0], XmNlabelPixmap, stage.icon, XmNx,
             20 + i % 3 * 120, XmNy, 20 + i / 3 * 100, XmNwidth, 60, XmNheight, 40, XmNrecomputeSize,
@@ -50,7 +49,7 @@ void UseByPointer(Stage &stage, Widget w, const Nodes &nodes) {
 void EditByPointer(Stage &stage, Widget graph, const Nodes &nodes) {
     Set(graph, {{XmNeditable, True},
                 {XmNdoubleClickInterval, 0},
-                {XmNdefaultNodeClass, reinterpret_cast<XtArgVal>(xmArrowButtonGadgetClass)}});
+                {XmNdefaultNodeClass, reinterpret_cast<XtArgVal>(xmSeparatorGadgetClass)}});
     UseByPointer(stage, graph, nodes);
     stage.Drag(nodes[3], {5, 5}, {45, 25}, Button2);
     stage.Drag(nodes[4], {5, 5}, {125, 5}, Button2, ShiftMask);
@@ -164,7 +163,7 @@ Widget BoardOfLines(Stage &stage, const char *name, WidgetClass board_class) {
                                            300, nullptr);
     Position x = 20;
     for (const char *end : both_ends) {
-        XtVaCreateManagedWidget(end, xmArrowButtonGadgetClass, board, XmNx, x, XmNy, 50, nullptr);
+        XtVaCreateManagedWidget(end, xmSeparatorGadgetClass, board, XmNx, x, XmNy, 50, nullptr);
         x = static_cast<Position>(x + 200);
     }
     stage.Pump();

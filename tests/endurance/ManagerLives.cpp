@@ -6,7 +6,7 @@
 #include <corvidlmw/managers/SpringBox.h>
 
 #include <Xm/ArrowB.h>
-#include <Xm/ArrowBG.h>
+#include <Xm/SeparatoG.h>
 #include <Xm/Form.h>
 #include <Xm/PanedW.h>
 #include <Xm/SashP.h>
@@ -31,7 +31,7 @@ Widget Create(Widget parent, Creator create) {
     return create(parent, Name("subject"), args, XtNumber(args));
 }
 
-// Without text, for which the toolkit makes a drawable in each window that it never frees.
+// Gadgets without input, since the toolkit lets a timer of its buttons outlive them, and without text, for which the toolkit makes a drawable in each window that it never frees.
 // In a grid they stand in two rows; other managers read nothing of that.
 Children AddChildren(Widget manager) {
     if (XmIsGrid(manager))
@@ -39,7 +39,7 @@ Children AddChildren(Widget manager) {
     return {
         .button = XtVaCreateManagedWidget("one", xmArrowButtonWidgetClass, manager, XmNrow, 0,
                                           XmNcolumn, 0, XmNx, 20, XmNy, 20, nullptr),
-        .gadget = XtVaCreateManagedWidget("two", xmArrowButtonGadgetClass, manager, XmNrow, 1,
+        .gadget = XtVaCreateManagedWidget("two", xmSeparatorGadgetClass, manager, XmNrow, 1,
                                           XmNcolumn, 0, XmNx, 20, XmNy, 90, nullptr),
     };
 }
