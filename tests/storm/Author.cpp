@@ -328,8 +328,7 @@ constexpr std::array child_kinds = {"XmPushButton",   "XmPushButtonGadget", "XmL
                                     "XmToggleButton", "XmvIconGadget",      "SvScrollBar",
                                     "LmList",         "LmScrolledList",     "XmSeparatorGadget",
                                     "XmGrid",         "XmSpringBox",        "XmRubberBoard",
-                                    "XmGraph",        "XmHorzPanedWindow",  "XmFrame",
-                                    "XmRowColumn"};
+                                    "XmGraph",        "XmHorzPanedWindow",  "XmRowColumn"};
 
 // The toolkit's scrolled window, which a scrolled list's settings go to as well, takes anything for a bar.
 Step Author::Make() {

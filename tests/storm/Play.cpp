@@ -150,7 +150,7 @@ int Await(pid_t child, int from, int seconds, std::string &log) {
         ReadSome(from, log);
         if (watchdog.Barks() && ++warned == 1)
             kill(child, SIGUSR1);
-        if (warned > 50)
+        if (warned > 20)
             kill(child, SIGKILL);
     }
     for (std::size_t before = log.size() + 1; before != log.size();) {

@@ -12,7 +12,7 @@ public:
     Shrinker(const Outcome &outcome, int seconds)
         : kind_(outcome.kind), end_(Clock::now() + std::chrono::seconds(seconds)) {
         manner_.check_every = 1;
-        manner_.watchdog_seconds = 10;
+        manner_.watchdog_seconds = 5;
         manner_.to_the_end = false;
     }
 

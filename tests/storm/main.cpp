@@ -26,7 +26,7 @@ using Clock = std::chrono::steady_clock;
 constexpr const char *usage =
     "usage: storm SCENE SEED [STEPS]       one storm, STEPS long or as long as seeds are\n"
     "       storm --print SCENE SEED [STEPS]   its steps\n"
-    "       storm --shrink SCENE SEED [STEPS], storm --shrink FILE\n"
+    "       storm --shrink SCENE SEED [STEPS], storm --shrink FILE [SECONDS]\n"
     "                                      as few of its steps as show the same fault\n"
     "       storm --replay FILE...         steps that were kept; a directory stands for its files\n"
     "       storm --soak SECONDS DIRECTORY [SCENE]  storms of all scenes in turn, with fresh "
@@ -89,7 +89,8 @@ int Print(const std::vector<std::string> &words) {
 
 int ShrinkOne(const std::vector<std::string> &words) {
     Wanted wanted = WantedBy(words);
-    if (words.size() == 1) {
+    const bool is_file = !words.empty() && std::filesystem::is_regular_file(words[0]);
+    if (is_file) {
         std::ifstream in(words[0]);
         wanted.steps = ReadSteps(in);
     }
@@ -101,7 +102,8 @@ int ShrinkOne(const std::vector<std::string> &words) {
         return EXIT_SUCCESS;
     }
     std::cout << "# " << words.front() << " " << words.back() << ": " << outcome.kind << '\n';
-    Write(std::cout, Shrink(wanted.steps, outcome, shrinking_seconds));
+    Write(std::cout, Shrink(wanted.steps, outcome,
+                            is_file ? NumberAt(words, 1, shrinking_seconds) : shrinking_seconds));
     return EXIT_FAILURE;
 }
 
