@@ -126,6 +126,8 @@ constexpr std::string_view known_warnings[] = {
     "Color name",
     "Missing charsets",
     "suid-root program",
+    // Text that is not UTF-8, handed to other clients.
+    "XmbTextListToTextProperty failed",
     // An action whose parameter names another one.
     "No action proc named",
     // The toolkit's classes.
