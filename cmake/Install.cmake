@@ -40,5 +40,12 @@ install(FILES ${PROJECT_BINARY_DIR}/corvidlmw.pc DESTINATION ${pkgconfig_dir})
 
 include(ManualPages)
 
-# The sources of the example programs.
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/corvidlmw OPTIONAL)
+# The example programs as a project of its own; beside it the guide, and the pictures that the pages of both
+# show. What is left out works in the repository only.
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/corvidlmw
+    PATTERN demo EXCLUDE
+    PATTERN make-data EXCLUDE)
+install(DIRECTORY docs/guide docs/pictures DESTINATION ${CMAKE_INSTALL_DATADIR}/corvidlmw/docs
+    PATTERN CMakeLists.txt EXCLUDE)
+include(${PROJECT_SOURCE_DIR}/examples/cmake/AppDefaults.cmake)
+install_app_defaults()

@@ -15,17 +15,7 @@ namespace {
 using namespace file_list;
 
 char *fallback_resources[] = {
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*files.background: #fbfaf7"),
-    const_cast<char *>("*notes.background: #fbfaf7"),
-    const_cast<char *>("*contents.background: #fbfaf7"),
-    const_cast<char *>("*up.labelString: Up"),
-    const_cast<char *>("*renderTable: text"),
-    const_cast<char *>("*fontType: FONT_IS_XFT"),
-    const_cast<char *>("*fontName: DejaVu Sans"),
-    const_cast<char *>("*fontSize: 9"),
-    const_cast<char *>("*contents*fontName: DejaVu Sans Mono"),
-    const_cast<char *>("*files.armColor: #c9dcf2"),
+#include <FileListResources.inc>
     nullptr,
 };
 

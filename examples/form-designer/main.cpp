@@ -21,22 +21,7 @@ constexpr const char *usage =
     "  -select WIDGET    the widget to begin with\n";
 
 char *fallback_resources[] = {
-    const_cast<char *>("*mainWindow.width: 900"),
-    const_cast<char *>("*mainWindow.height: 600"),
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*canvas*background: #e8e6e1"),
-    const_cast<char *>("*canvas.form.bottomShadowColor: #c6c2b8"),
-    const_cast<char *>("*XmTextField.background: #f6f5f2"),
-    const_cast<char *>("*indicatorSize: 12"),
-    const_cast<char *>("*highlightThickness: 1"),
-    const_cast<char *>("*message.marginWidth: 6"),
-    const_cast<char *>("*heading.marginHeight: 6"),
-    const_cast<char *>("*buttonRenderTable: text"),
-    const_cast<char *>("*labelRenderTable: text"),
-    const_cast<char *>("*textRenderTable: text"),
-    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
-    const_cast<char *>("*text.fontName: DejaVu Sans"),
-    const_cast<char *>("*text.fontSize: 9"),
+#include <FormDesignerResources.inc>
     nullptr,
 };
 

@@ -13,13 +13,7 @@
 namespace {
 
 char *fallback_resources[] = {
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*keyboardFocusPolicy: explicit"),
-    const_cast<char *>("*labelRenderTable: text"),
-    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
-    const_cast<char *>("*text.fontName: DejaVu Sans"),
-    const_cast<char *>("*text.fontSize: 10"),
-    const_cast<char *>("*core.fontList: 9x15"),
+#include <IconBoardResources.inc>
     nullptr,
 };
 

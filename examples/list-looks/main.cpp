@@ -18,11 +18,7 @@
 namespace {
 
 char *fallback_resources[] = {
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*list.background: #fbfaf7"),
-    const_cast<char *>("*list.armColor: #c9dcf2"),
-    const_cast<char *>("*list.highlightColor: #4a6ea9"),
-    const_cast<char *>("*fontList: 7x13"),
+#include <ListLooksResources.inc>
     nullptr,
 };
 

@@ -22,18 +22,7 @@ namespace {
 using namespace marked_scrollbar;
 
 char *fallback_resources[] = {
-    const_cast<char *>("*background: #dcdad5"),
-    const_cast<char *>("*text.background: #fbfaf7"),
-    const_cast<char *>("*word.background: #fbfaf7"),
-    const_cast<char *>("*marks.width: 22"),
-    const_cast<char *>("*marks.troughColor: #c6c3bc"),
-    const_cast<char *>("*markColor: #d4380d"),
-    const_cast<char *>("*text.rows: 36"),
-    const_cast<char *>("*text.columns: 96"),
-    const_cast<char *>("*renderTable: text"),
-    const_cast<char *>("*text.fontType: FONT_IS_XFT"),
-    const_cast<char *>("*text.fontName: DejaVu Sans Mono"),
-    const_cast<char *>("*text.fontSize: 9"),
+#include <MarkedScrollbarResources.inc>
     nullptr,
 };
 
