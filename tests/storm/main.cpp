@@ -149,9 +149,7 @@ class Soak {
 public:
     Soak(int seconds, std::string directory)
         : end_(Clock::now() + std::chrono::seconds(seconds)), directory_(std::move(directory)),
-          seed_(static_cast<std::uint64_t>(
-                    std::chrono::system_clock::now().time_since_epoch().count()) %
-                1000000007) {
+          seed_(FirstSeed()) {
         std::filesystem::create_directories(directory_);
     }
 
@@ -164,6 +162,15 @@ public:
     }
 
 private:
+    // The clock's, unless the environment asks for one.
+    static std::uint64_t FirstSeed() {
+        if (const char *given = std::getenv("CORVIDLMW_SOAK_SEED"))
+            return std::strtoull(given, nullptr, 10);
+        return static_cast<std::uint64_t>(
+                   std::chrono::system_clock::now().time_since_epoch().count()) %
+               1000000007;
+    }
+
     void PlayNext(const Scene &scene) {
         const std::uint64_t seed = seed_++;
         const Steps steps = WriteSteps(scene, seed, steps_of_a_storm);
