@@ -12,7 +12,7 @@ foreach(header IN LISTS public_headers)
     get_filename_component(room ${header} DIRECTORY)
     install(FILES corvidlmw/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/corvidlmw/${room})
 endforeach()
-install(TARGETS corvidlmw corvidlmw_static EXPORT corvidlmw
+install(TARGETS corvidlmw corvidlmw_static corvidlmw_mrm corvidlmw_mrm_static EXPORT corvidlmw
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
@@ -32,11 +32,13 @@ install(FILES
     cmake/MotifTarget.cmake
     DESTINATION ${package_dir})
 
-# The pkg-config file finds the prefix from where it lies itself.
+# The pkg-config files find the prefix from where they lie themselves.
 file(RELATIVE_PATH prefix_from_pkgconfig /prefix/${pkgconfig_dir} /prefix)
 string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
-configure_file(cmake/corvidlmw.pc.in ${PROJECT_BINARY_DIR}/corvidlmw.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/corvidlmw.pc DESTINATION ${pkgconfig_dir})
+foreach(library corvidlmw corvidlmw_mrm)
+    configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${pkgconfig_dir})
+endforeach()
 
 include(ManualPages)
 

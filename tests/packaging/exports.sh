@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The names that the shared library exports: C names, each declared for export in an installed
+# The names that the shared libraries export: C names, each declared for export in an installed
 # header and the other way round, and none that the toolkit's own libraries export. The toolkit is
 # not linked symbolically: it would call our function in the place of its own.
 #   exports.sh PREFIX TOOLKIT_LIBRARY...
@@ -8,7 +8,7 @@ set -euo pipefail
 prefix=$1
 shift
 
-exported() { nm -D --defined-only --format=posix "$1" | cut -d' ' -f1 | sed 's/@.*//' | sort -u; }
+exported() { nm -D --defined-only --format=posix "$@" | cut -d' ' -f1 | sed 's/@.*//' | sort -u; }
 
 # The declared name is the last word before the parameters or the end of the declaration.
 declared() {
@@ -28,8 +28,13 @@ refuse() {
     failed=1
 }
 
-ours=$(exported "$prefix/lib/libcorvidlmw.so")
-[[ -n $ours ]] || { echo "the library exports nothing" >&2 && exit 1; }
+ours=
+for library in libcorvidlmw.so libcorvidlmw_mrm.so; do
+    names=$(exported "$prefix/lib/$library")
+    [[ -n $names ]] || { echo "$library exports nothing" >&2 && exit 1; }
+    ours+=$names$'\n'
+done
+ours=$(grep . <<<"$ours" | sort)
 
 refuse "C++ names are exported" < <(grep '^_Z' <<<"$ours")
 refuse "exported, but declared in no installed header" < <(comm -23 <(echo "$ours") <(declared))
