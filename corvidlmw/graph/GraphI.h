@@ -172,8 +172,9 @@ struct GraphState {
     std::array<Widget, 2> bars{}; // the scroll bars that call the graph
     // The indicate cursors that were built here; others belong to a client or a converter.
     Cursor built_cursors[2] = {None, None};
-    Window cover_parent = None; // the clip window's window that the cover lies in
-    bool cover_settled = false; // the cover was unmapped after the clip window's realisation
+    Window cover_parent = None;       // the clip window's window that the cover lies in
+    bool cover_settled = false;       // the cover was unmapped after the clip window's realisation
+    bool adjust_after_layout = false; // the scrolled window's own
     int layout_depth = 0;
     bool veiled = false;           // see VeilArcs
     std::size_t managed_nodes = 0; // a digest of them

@@ -167,11 +167,56 @@ bool FitToNodes(Widget w) {
     return RequestSize(w, wanted) != XtGeometryNo;
 }
 
-void GrowToClip(Widget w) {
+bool FillsClip(Widget w) {
     const auto &graph = GraphOf(w);
-    if (graph.clip_width > w->core.width || graph.clip_height > w->core.height) {
-        RequestSize(w, {std::max(w->core.width, graph.clip_width),
-                        std::max(w->core.height, graph.clip_height)});
+    return graph.clip_width <= w->core.width && graph.clip_height <= w->core.height;
+}
+
+Size SizeToFillClip(Widget w) {
+    const auto &graph = GraphOf(w);
+    return {std::max(w->core.width, graph.clip_width), std::max(w->core.height, graph.clip_height)};
+}
+
+void GrowToClip(Widget w) {
+    if (!FillsClip(w)) {
+        RequestSize(w, SizeToFillClip(w));
+    }
+}
+
+void TellNewSize(Widget w) {
+    Watch watch(w);
+    _XmGraphFixScrollBarInc(w);
+    if (!watch.Died()) {
+        CallGraphChanged(w, XmCR_SIZE_CHANGED);
+    }
+}
+
+// ---- Layouts of the scrolled window -----------------------------------------------------------------
+
+bool BarsComeAndGo(Widget scrolled) {
+    return ResourceOf<unsigned char>(scrolled, XmNscrollBarDisplayPolicy, XmSTATIC) == XmAS_NEEDED;
+}
+
+// The scrolled window has decided which bars it shows before it resizes its clip window, and a request out of
+// the midst of its layout makes it lay out for others than it then puts in place. To fill the clip window changes
+// nothing about the bars and needs no asking. All else is asked for once the layout is over: the event that
+// tells of the clip window's new size is not read before.
+void FollowClipInLayout(Widget w) {
+    StateOf(w).adjust_after_layout = true;
+    if (FillsClip(w)) {
+        return;
+    }
+    const Size size = SizeToFillClip(w);
+    XmeConfigureObject(w, w->core.x, w->core.y, CutToDimension(size.width),
+                       CutToDimension(size.height), w->core.border_width);
+    TellNewSize(w);
+}
+
+void AdjustAfterLayout(Widget, XtPointer client_data, XEvent *event, Boolean *) {
+    auto w = static_cast<Widget>(client_data);
+    if (event->type == ConfigureNotify && !IsBeingDestroyed(w) &&
+        std::exchange(StateOf(w).adjust_after_layout, false)) {
+        _XmGraphAdjustSize(w);
     }
 }
 
@@ -216,6 +261,7 @@ void AttachToScrolledWindow(Widget w) {
     graph.in_scrolled_window = True;
     if (Widget clip = ResourceOf<Widget>(parent, XmNclipWindow, nullptr)) {
         XtAddCallback(clip, XmNresizeCallback, ResizeClipArea, w);
+        XtAddEventHandler(clip, StructureNotifyMask, False, AdjustAfterLayout, w);
         graph.clip_width = clip->core.width;
         graph.clip_height = clip->core.height;
     }
@@ -241,6 +287,7 @@ void DetachFromScrolledWindow(Widget w) {
     Widget parent = XtParent(w);
     if (XmIsDrawingArea(parent)) {
         XtRemoveCallback(parent, XmNresizeCallback, ResizeClipArea, w);
+        XtRemoveEventHandler(parent, StructureNotifyMask, False, AdjustAfterLayout, w);
     }
     for (Widget bar : StateOf(w).bars) {
         if (bar) {
@@ -371,7 +418,11 @@ void ResizeClipArea(Widget clip, XtPointer client_data, XtPointer) {
     Watch watch(w);
     if (width_change > scrolled->core.width - clip->core.width ||
         height_change > scrolled->core.height - clip->core.height) {
-        _XmGraphAdjustSize(w);
+        if (XtIsRealized(clip) && BarsComeAndGo(scrolled)) {
+            FollowClipInLayout(w);
+        } else {
+            _XmGraphAdjustSize(w);
+        }
     }
     if (!watch.Died()) {
         XmUpdateDisplay(w);
@@ -406,12 +457,8 @@ void _XmGraphAdjustSize(Widget w) {
     Watch watch(w);
     const bool pulled = PullToOrigin(w);
     const bool resized = FitToNodes(w);
-    if (watch.Died() || !(pulled || resized)) {
-        return;
-    }
-    _XmGraphFixScrollBarInc(w);
-    if (!watch.Died()) {
-        CallGraphChanged(w, XmCR_SIZE_CHANGED);
+    if (!watch.Died() && (pulled || resized)) {
+        TellNewSize(w);
     }
 }
 

@@ -232,8 +232,8 @@ protected:
     Widget clip = nullptr;
     Widget bars[2] = {};
 
-    void ShowScrolled() {
-        SetResource("*scrollBarDisplayPolicy: static");
+    void ShowScrolled(const std::string &bar_policy = "static") {
+        SetResource("*scrollBarDisplayPolicy: " + bar_policy);
         graph = XmCreateScrolledGraph(shell, Name("graph"), nullptr, 0);
         EXPECT_FALSE(XtIsManaged(graph));
         XtManageChild(graph);
@@ -282,6 +282,93 @@ TEST_F(ScrolledGraphTest, TheGraphIsNeverSmallerThanItsClipWindow) {
     ResizeShell(800, 700);
     XmGraphLayout(graph);
     EXPECT_EQ(SizeOf(graph), SizeOf(clip));
+}
+
+// ---- Bars as needed ------------------------------------------------------------------------------
+
+class BarsAsNeededTest : public ScrolledGraphTest {
+protected:
+    void SetUp() override {
+        ScrolledGraphTest::SetUp();
+        SetResource("*graph.background: white");
+        ShowScrolled("as_needed");
+    }
+
+    // The toolkit puts a bar that is not needed beyond the window's edge.
+    bool Shows(Widget bar) {
+        const Place at = PlaceOf(bar);
+        const Place room = SizeOf(ScrolledWindow());
+        return at.x < room.x && at.y < room.y;
+    }
+    // The bars that are shown and the clip window share the whole of the scrolled window, and what the clip
+    // window shows is the graph.
+    void ExpectWholeLayout() {
+        const Place room = SizeOf(ScrolledWindow());
+        const Place inner = {Shows(bars[0]) ? PlaceOf(bars[0]).x : room.x,
+                             Shows(bars[1]) ? PlaceOf(bars[1]).y : room.y};
+        constexpr int most_between = 8; // spacing, shadows and the frame for the focus
+        EXPECT_LE(inner.x - PlaceOf(clip).x - SizeOf(clip).x, most_between);
+        EXPECT_LE(inner.y - PlaceOf(clip).y - SizeOf(clip).y, most_between);
+        EXPECT_LE(inner.y - SizeOf(bars[0]).y, most_between) << "vertical bar";
+        EXPECT_LE(inner.x - SizeOf(bars[1]).x, most_between) << "horizontal bar";
+
+        const Place size = SizeOf(graph);
+        const Place view = SizeOf(clip);
+        EXPECT_TRUE(Shows(bars[1]) || size.x <= view.x) << "more than is shown, and no bar";
+        EXPECT_TRUE(Shows(bars[0]) || size.y <= view.y) << "more than is shown, and no bar";
+        EXPECT_GE(size.x, view.x - most_between);
+        EXPECT_GE(size.y, view.y - most_between);
+    }
+};
+
+TEST_F(BarsAsNeededTest, ABarThatGoesLeavesItsRoomToTheGraph) {
+    Node({600, 1500});
+    XmGraphLayout(graph);
+    ResizeShell(400, 300);
+    ASSERT_TRUE(Shows(bars[0]) && Shows(bars[1]));
+    const Place bar = PlaceOf(bars[1]);
+    for (const Place &size : {Place{900, 500}, Place{900, 300}}) {
+        ResizeShell(size.x, size.y);
+        EXPECT_FALSE(Shows(bars[1]));
+        EXPECT_EQ(SizeOf(graph).x, SizeOf(clip).x);
+        ExpectWholeLayout();
+        const auto strip = Picture::Of(clip, {0, static_cast<short>(SizeOf(clip).y - 20),
+                                              static_cast<unsigned short>(SizeOf(clip).x), 20});
+        EXPECT_EQ(strip.Count(WhitePixelOfScreen(XtScreen(shell))), strip.area().width * 20);
+        ResizeShell(400, 300);
+        EXPECT_EQ(PlaceOf(bars[1]), bar);
+    }
+    ResizeShell(900, 1600);
+    EXPECT_FALSE(Shows(bars[0]) || Shows(bars[1]));
+    EXPECT_EQ(SizeOf(graph), SizeOf(clip));
+}
+
+TEST_F(BarsAsNeededTest, NoResizingLeavesTheWindowHalfLaidOut) {
+    Widgets nodes;
+    for (int i = 0; i < 12; i++)
+        nodes.push_back(Node({90, 40}));
+    for (int i = 1; i < 12; i++)
+        Arc(nodes[i / 2], nodes[i]);
+    XmGraphLayout(graph);
+    Widget top = MakeShell(display, "top", 200, 150);
+    XmGraphCreateOverView(graph, top);
+    Show(top);
+    Random random(7);
+    for (int round = 0; round < 150; round++) {
+        SCOPED_TRACE(round);
+        if (round % 10 == 0)
+            XtVaSetValues(graph, XmNeditable, round % 20 == 0, nullptr);
+        // Nodes that grow and shrink take no room before the next adjustment, which may be that of a resize.
+        if (round % 7 == 0)
+            XtResizeWidget(nodes[11], static_cast<Dimension>(random.Between(30, 500)),
+                           static_cast<Dimension>(random.Between(30, 300)), 0);
+        const Place old = SizeOf(shell);
+        const int kind = random.Between(0, 2);
+        ResizeShell(kind == 0 ? old.x : random.Between(60, 900),
+                    kind == 1 ? old.y : random.Between(60, 700));
+        ExpectWholeLayout();
+    }
+    XtDestroyWidget(top);
 }
 
 TEST_F(ScrolledGraphTest, TheBarsStepByTheGraphsIncrementAndEachStepIsTold) {
