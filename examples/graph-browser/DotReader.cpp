@@ -16,6 +16,7 @@
 #include <graphviz/cgraph.h>
 
 #include "DotAttributes.h"
+#include "DotScanner.h"
 #include "DotSource.h"
 #include "Utf8.h"
 
@@ -234,6 +235,8 @@ std::variant<Graph, ReadError> ReadDotText(const std::string &text) {
         return ReadError{1, "the file is empty"};
     if (const std::size_t zero = text.find('\0'); zero != std::string::npos)
         return ReadError{LineAt(text, zero), "not a DOT file: it holds a zero byte"};
+    if (const auto fault = FindScanFault(text))
+        return ReadError{LineAt(text, fault->at), fault->message};
     const MessageCapture capture;
     std::unique_ptr<DotSource, DotSourceDeleter> source{new DotSource};
     source->graphs = ReadGraphs(text);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <string_view>
 
 namespace graph_browser {
@@ -15,18 +16,59 @@ int ReadFromText(void *channel, char *buffer, int size) {
     return static_cast<int>(count);
 }
 
-int AppendToText(void *channel, const char *piece) {
-    *static_cast<std::string *>(channel) += piece;
-    return 0;
+// ---- Names that begin with '%' ---------------------------------------------
+
+// libcgraph gives names that begin with '%' to what has none. It knows other such names only until the file ends;
+// then it forgets them, and what had one gets another with each reading. They are kept here. The numbers are
+// unique among all objects without a name of libcgraph's own.
+struct Names {
+    void *inner;
+    std::map<IDTYPE, std::string> kept;
+};
+
+Names &NamesOf(void *state) {
+    return *static_cast<Names *>(state);
 }
 
-int KeepText(void *) {
-    return 0;
+void *OpenNames(Agraph_t *graph, Agdisc_t *disc) {
+    return new Names{AgDefaultDisc.id->open(graph, disc), {}};
+}
+
+long MapName(void *state, int kind, char *name, IDTYPE *id, int create) {
+    return AgDefaultDisc.id->map(NamesOf(state).inner, kind, name, id, create);
+}
+
+long TakeId(void *state, int kind, IDTYPE id) {
+    return AgDefaultDisc.id->alloc(NamesOf(state).inner, kind, id);
+}
+
+void FreeId(void *state, int kind, IDTYPE id) {
+    NamesOf(state).kept.erase(id);
+    AgDefaultDisc.id->free(NamesOf(state).inner, kind, id);
+}
+
+char *NameOf(void *state, int kind, IDTYPE id) {
+    auto &names = NamesOf(state);
+    const auto found = names.kept.find(id);
+    return found != names.kept.end() ? found->second.data()
+                                     : AgDefaultDisc.id->print(names.inner, kind, id);
+}
+
+void CloseNames(void *state) {
+    AgDefaultDisc.id->close(NamesOf(state).inner);
+    delete &NamesOf(state);
+}
+
+void RegisterName(void *state, int kind, void *object) {
+    if (const char *name = GivenName(object); name && *name == '%')
+        NamesOf(state).kept[AGID(object)] = name;
+    AgDefaultDisc.id->idregister(NamesOf(state).inner, kind, object);
 }
 
 // A graph keeps the address of what it was read with.
-Agiodisc_t text_input_output{ReadFromText, AppendToText, KeepText};
-Agdisc_t discipline{AgDefaultDisc.mem, AgDefaultDisc.id, &text_input_output};
+Agiodisc_t text_input{ReadFromText, nullptr, nullptr};
+Agiddisc_t ids{OpenNames, MapName, TakeId, FreeId, NameOf, CloseNames, RegisterName};
+Agdisc_t discipline{AgDefaultDisc.mem, &ids, &text_input};
 
 } // namespace
 
@@ -38,10 +80,10 @@ Agraph_t *ReadNext(std::string_view &text) {
     return agread(&text, &discipline);
 }
 
-std::string Written(Agraph_t *graph) {
-    std::string text;
-    agwrite(graph, &text);
-    return text;
+const char *GivenName(void *object) {
+    const char *name = agnameof(object);
+    const bool made_up = name && *name == '%' && name + 1 == std::to_string(AGID(object));
+    return made_up ? nullptr : name;
 }
 
 std::vector<Agraph_t *> SubgraphsOf(Agraph_t *root) {

@@ -34,7 +34,8 @@ struct DotSource {
 // The next graph of a text, which goes on behind it; null at the end of the text.
 Agraph_t *ReadNext(std::string_view &text);
 
-std::string Written(Agraph_t *graph);
+// What the file calls a graph, a node or an edge; null if nothing.
+const char *GivenName(void *object);
 
 // All subgraphs, at any depth, outer before inner.
 std::vector<Agraph_t *> SubgraphsOf(Agraph_t *root);

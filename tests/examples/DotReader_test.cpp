@@ -123,6 +123,9 @@ TEST(DotReader, FaultsNameTheirLine) {
     EXPECT_EQ(ErrorIn("graph {\n a -> b }\n"), "f:2: syntax error near '->'");
     EXPECT_EQ(ErrorIn("digraph { a }\ndigraph { b -> \n"),
               "f:2: syntax error at the end of the file");
+    EXPECT_EQ(ErrorIn("digraph {\n}\n\"a\n\n"), "f:3: a string is not closed");
+    EXPECT_EQ(ErrorIn("digraph {\n/* a\n*}\n"), "f:2: a comment is not closed");
+    EXPECT_EQ(ErrorIn("digraph { a #\"\n // \"\n <b/*> -> \"\\\"@/*\" }"), "no error");
     EXPECT_EQ(ErrorIn(""), "f:1: the file is empty");
     EXPECT_EQ(ErrorIn("// nothing\n\n"), "f:2: no graph in the file");
     EXPECT_EQ(ErrorIn(std::string("digraph {\n\0}", 12)),
@@ -132,8 +135,10 @@ TEST(DotReader, FaultsNameTheirLine) {
 TEST(DotReader, NeitherAFaultNorFurtherGraphsReachIntoTheNextFile) {
     EXPECT_EQ(Read("digraph { a } graph { b } digraph { c }").graphs_in_file, 3);
     EXPECT_EQ(EdgesIn("digraph { x -> y }"), Texts{"x -> y"});
-    for (const char *broken : {"digraph { a -> \"open\n", "digraph { /* open",
-                               "digraph { a [label=<<b>", "digraph {{{"}) {
+    for (const char *broken :
+         {"digraph { a -> \"open\n", "digraph { /* open", "digraph { a [label=<<b>", "digraph {{{",
+          "digraph { a }\n\"", "digraph { a } \"b\\\"", "digraph { a } /* b *", "digraph { a } <<>",
+          "digraph { a } @ digraph"}) {
         EXPECT_NE(ErrorIn(broken), "no error") << broken;
         EXPECT_EQ(EdgesIn("digraph { x -> y }"), Texts{"x -> y"}) << broken;
     }

@@ -172,6 +172,46 @@ TEST(DotWriter, EveryDataFileSaysTheSameAfterSaving) {
     EXPECT_GE(files, 4);
 }
 
+// What libcgraph's own writer would change, besides others.
+TEST(DotWriter, WhateverStandsInAFileIsReadAgain) {
+    for (const char *text :
+         {"digraph { {{ a; subgraph s { b -> c } } } }", // its edge, once
+          "digraph { a; { node [label=x, color=red]; a; b } }",
+          "digraph { node [label=\"\"]; a { rank=same; a; { rank=max; b } { c } } }",
+          "graph { a -- b [key=k]; a -- c [key=k]; subgraph s { a -- b [key=k] } }",
+          "strict graph { a -- b; subgraph s { a -- b [\xE4=1] } subgraph t { a -- b } }",
+          "digraph \"g h\" { edge [headport=n]; a:x:w -> b [headport=\"\", \"\"=e, "
+          "label=<<i>i</i>>] }",
+          "digraph { \xE4 [\xE4\xFF=\xC3]; \"node\" [\"\xE4 \\\"\"=\"\\\\\"]; -1.5 -> \"1.\" -> "
+          "\"1.1.\" }",
+          "digraph { <a\\>; <\\\">; <\n>; \"a\n\" -> \"\" }"}) {
+        const Graph graph = Read(text);
+        const std::string written = WriteDot(graph);
+        EXPECT_EQ(Facts(written), Facts(text)) << written;
+        const Graph again = Read(written);
+        EXPECT_EQ(WriteDot(again), written);
+        for (std::size_t i = 0; i < graph.nodes.size(); ++i)
+            EXPECT_EQ(again.nodes.at(i).name, graph.nodes[i].name);
+    }
+}
+
+TEST(DotWriter, NamesThatBeginWithAPercentSignAreKept) {
+    const std::string text = "strict digraph \"%g\" {\n"
+                             "\tnode [label=\"\\N\"];\n"
+                             "\t\"%a b\";\n"
+                             "\t\"%\";\n"
+                             "\t\"%1\";\n"
+                             "\tsubgraph \"%s\" {\n"
+                             "\t\t\"%1\";\n"
+                             "\t}\n"
+                             "\t\"%a b\" -> \"%\" [key=\"%k\"];\n"
+                             "}\n";
+    const Graph graph = Read(text);
+    EXPECT_EQ(graph.nodes.at(0).label, "%a b");
+    EXPECT_EQ(graph.nodes.at(2).name, "%1");
+    EXPECT_EQ(WriteDot(graph), text);
+}
+
 TEST(DotWriter, TextIsShownAsItWasTyped) {
     for (const char *charset : {"utf-8", "latin1"}) {
         Graph graph =
