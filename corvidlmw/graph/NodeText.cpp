@@ -1,6 +1,7 @@
 #include <corvidlmw/graph/NodeText.h>
 
 #include <Xm/PrimitiveP.h>
+#include <Xm/RowColumn.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -62,6 +63,13 @@ bool GivesCopies(WidgetClass node_class) {
     });
 }
 
+// The label of an option menu. In other row columns it is never shown, and the toolkit keeps whatever pointer it was
+// given at creation, without a copy.
+bool LabelIsNobodys(Widget node) {
+    return XmIsRowColumn(node) &&
+           ResourceOf<unsigned char>(node, XmNrowColumnType, XmWORK_AREA) != XmMENU_OPTION;
+}
+
 // The text of each segment of a compound string.
 Vector<Text> TextsOf(XmString label) {
     Vector<Text> texts;
@@ -117,7 +125,7 @@ Labels::Source Labels::SourceFor(WidgetClass node_class) {
 
 Vector<Text> Labels::Of(Widget node) {
     const Source source = SourceFor(XtClass(node));
-    if (!source.can_ask) {
+    if (!source.can_ask || LabelIsNobodys(node)) {
         return {};
     }
     XmString label = ResourceOf<XmString>(node, XmNlabelString, nullptr);

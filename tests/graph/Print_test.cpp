@@ -3,6 +3,7 @@
 
 #include <Xm/LabelP.h>
 #include <Xm/PrimitiveP.h>
+#include <Xm/RowColumn.h>
 #include <Xm/Text.h>
 
 #include <array>
@@ -242,6 +243,18 @@ TEST_F(Print, NodesOfAnyClassArePrinted) {
                                   "30 60 0 10 square\n"
                                   "showpage\n");
     XmStringFree(label);
+}
+
+// The toolkit keeps the pointer that a row column was given for an option menu's label, and copies it for option
+// menus only.
+TEST_F(Print, OfRowColumnsOptionMenusAloneHaveALabel) {
+    XmString label = XmStringCreateLocalized(Name("mine"));
+    Arg args[] = {{Name(XmNlabelString), reinterpret_cast<XtArgVal>(label)}};
+    XtManageChild(XmCreateRowColumn(graph, Name("row"), args, 1));
+    EXPECT_EQ(Sheets().at(0).find("(mine) show"), std::string::npos);
+    XtManageChild(XmCreateOptionMenu(graph, Name("menu"), args, 1));
+    XmStringFree(label);
+    EXPECT_NE(Sheets().at(0).find("(mine) show"), std::string::npos);
 }
 
 TEST_F(Print, AnAntialiasedFontHasASizeToo) {
