@@ -269,7 +269,6 @@ Boolean SetValues(Widget current, Widget, Widget new_w, ArgList, Cardinal *) {
     Boolean redisplay = False;
     if (current->core.background_pixel != new_w->core.background_pixel && after.flipgc) {
         EraseTrack(new_w);
-        FreeFlipGC(new_w);
         MakeFlipGC(new_w);
         redisplay = True;
     }

@@ -18,7 +18,16 @@ namespace corvidlmw::managers {
 
 // ---- Graphics ---------------------------------------------------------------------------------------
 
+void FreeFlipGC(Widget w) {
+    if (PanedOf(w).flipgc) {
+        XFreeGC(XtDisplay(w), PanedOf(w).flipgc);
+        PanedOf(w).flipgc = nullptr;
+    }
+}
+
+// A window that was unrealised still has one.
 void MakeFlipGC(Widget w) {
+    FreeFlipGC(w);
     Display *display = XtDisplay(w);
     Screen *screen = XtScreen(w);
     const unsigned depth = w->core.depth;
@@ -36,13 +45,6 @@ void MakeFlipGC(Widget w) {
         XFreePixmap(display, drawable);
     }
     StateOf(w).clip_is_stale = true;
-}
-
-void FreeFlipGC(Widget w) {
-    if (PanedOf(w).flipgc) {
-        XFreeGC(XtDisplay(w), PanedOf(w).flipgc);
-        PanedOf(w).flipgc = nullptr;
-    }
 }
 
 namespace {
