@@ -4,6 +4,7 @@
 // as if there were none.
 
 #include <tests/endurance/Lives.h>
+#include <tests/support/Interpose.h>
 
 #include <array>
 #include <functional>
@@ -11,8 +12,6 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <dlfcn.h>
 
 namespace corvidlmw::test {
 namespace {
@@ -25,12 +24,6 @@ struct Fates {
     std::vector<std::string> failures;
 };
 Fates *watched = nullptr;
-
-bool IsLibrary(const void *caller) {
-    Dl_info info;
-    return dladdr(caller, &info) != 0 && info.dli_fname &&
-           std::string(info.dli_fname).find("libcorvidlmw.so") != std::string::npos;
-}
 
 int message_pipe = -1;
 
@@ -70,7 +63,7 @@ std::string MessageOfClient(const std::function<void()> &ask_for_too_much) {
 }
 
 void Asked(const void *caller, const std::function<void()> &ask_for_too_much) {
-    if (!watched || !IsLibrary(caller))
+    if (!watched || !interpose::IsLibrary(caller))
         return;
     Fates &fates = *watched;
     fates.requests++;

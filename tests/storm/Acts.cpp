@@ -1,5 +1,6 @@
 #include <tests/storm/Acts.h>
 
+#include <tests/storm/Invariants.h>
 #include <tests/storm/Scenes.h>
 #include <tests/storm/Storm.h>
 #include <tests/storm/Workbench.h>
@@ -8,8 +9,13 @@
 #include <corvidlmw/graph/Arc.h>
 #include <corvidlmw/managers/GridP.h>
 
+#include <Xm/Display.h>
+
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <map>
+#include <thread>
 
 namespace corvidlmw::storm {
 
@@ -71,12 +77,17 @@ bool IsTooSmall(Widget w, const std::vector<Arg> &args) {
            });
 }
 
+// The toolkit's own for its tips is among a shell's children, and stays.
+bool IsEmpty(Widget shell) {
+    const auto &composite = reinterpret_cast<CompositeWidget>(shell)->composite;
+    return std::all_of(composite.children, composite.children + composite.num_children,
+                       [](Widget child) { return XtIsShell(child); });
+}
+
 bool IsPlaceFor(WidgetClass child, Widget parent) {
     if (child == xmArcWidgetClass)
         return XmIsGraph(parent);
-    if (XtIsShell(parent))
-        return reinterpret_cast<CompositeWidget>(parent)->composite.num_children == 0;
-    return XmIsManager(parent);
+    return XtIsShell(parent) ? IsEmpty(parent) : XmIsManager(parent);
 }
 
 // One that is alive is left alone.
@@ -254,6 +265,27 @@ bool Traverse(Told &told, Widget w) {
     return XmProcessTraversal(w, static_cast<XmTraversalDirection>(told.Number(2)));
 }
 
+// As the toolkit's own windows come and go with a pane, a notebook's page, another screen.
+bool Unrealize(Told &, Widget w) {
+    if (!IsRealizedWidget(w))
+        return false;
+    XtUnrealizeWidget(w);
+    return true;
+}
+
+bool Realize(Told &, Widget w) {
+    if (!XtIsWidget(w) || XtIsRealized(w) || !XtParent(w) || !XtIsRealized(XtParent(w)))
+        return false;
+    XtRealizeWidget(w);
+    XtManageChild(w);
+    return true;
+}
+
+bool Colour(Told &told, Widget w) {
+    XmChangeColor(w, static_cast<Pixel>(told.Number(2)));
+    return true;
+}
+
 bool PointAt(Told &told, Widget w) {
     told.world().PointAt(w, told.Number(2), told.Number(3));
     return true;
@@ -276,6 +308,9 @@ const std::map<std::string, ObjectAct> object_acts = {
     {"unmanage", Unmanage},
     {"sensitive", SetSensitive},
     {"traverse", Traverse},
+    {"unrealize", Unrealize},
+    {"realize", Realize},
+    {"colour", Colour},
     {"pointat", PointAt},
 };
 
@@ -327,9 +362,36 @@ bool Pump(Told &told) {
     return true;
 }
 
+// For the timers of a held button.
+bool Wait(Told &told) {
+    constexpr auto longer_than_a_timer = std::chrono::milliseconds(6);
+    told.world().Pump();
+    std::this_thread::sleep_for(longer_than_a_timer);
+    told.world().Pump();
+    return true;
+}
+
+// What all widgets of the display look up, such as which buttons drag.
+bool SetOfDisplay(Told &told) {
+    if (told.size() < 3)
+        return false;
+    XtVaSetValues(XmGetXmDisplay(told.world().display), told.Word(1).c_str(), told.Number(2),
+                  nullptr);
+    return true;
+}
+
 bool Point(Told &told) {
     told.world().Point(told.Number(1), told.Number(2));
     return true;
+}
+
+bool Rest(Told &told) {
+    CheckRest(told.world());
+    return true;
+}
+
+bool Frame(Told &told) {
+    return told.world().ChangeFrame();
 }
 
 bool Later(Told &told) {
@@ -370,6 +432,10 @@ const std::map<std::string, OtherAct> other_acts = {
     {"release", PressOrRelease},
     {"point", Point},
     {"pump", Pump},
+    {"wait", Wait},
+    {"display", SetOfDisplay},
+    {"rest", Rest},
+    {"frame", Frame},
     {"later", Later},
     {"inside", Inside},
     {"call", [](Told &told) { return CallFunction(told.world(), told.step); }},

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int most_widgets = 45;
 constexpr int steps_between_scenes = 80;
+constexpr int steps_between_gestures = 20;
 
 class Author {
 public:
@@ -39,6 +40,7 @@ private:
 
     void Weigh();
     void SetScene(Steps &steps);
+    void AddGesture(Steps &steps);
     Step AnyStep();
     Step InnerStep();
 
@@ -76,6 +78,10 @@ private:
     Step Sensitive();
     Step Map();
     Step Adopt();
+    Step Unrealize();
+    Step Colour();
+    Step Frame();
+    Step Rest();
     Step Pump();
     Step Bench();
 
@@ -96,16 +102,22 @@ Author::Author(const Scene &scene, std::uint64_t seed) : scene_(scene), seed_(se
 
 const std::vector<Author::Weighted> &Author::Verbs() {
     static const std::vector<Weighted> verbs = {
-        {&Author::Set, 20, true},      {&Author::Text, 6, true},     {&Author::Call, 22, true},
-        {&Author::Action, 6, false},   {&Author::Event, 8, false},   {&Author::Point, 9, false},
-        {&Author::Click, 5, false},    {&Author::Press, 4, false},   {&Author::Release, 5, false},
-        {&Author::Key, 7, false},      {&Author::HoldKey, 2, false}, {&Author::Make, 6, true},
-        {&Author::Kill, 3, true},      {&Author::Manage, 5, true},   {&Author::ManageMany, 1, true},
-        {&Author::Configure, 3, true}, {&Author::Size, 2, true},     {&Author::On, 4, true},
-        {&Author::Later, 1, true},     {&Author::Inside, 5, false},  {&Author::Uncover, 2, false},
-        {&Author::Get, 1, true},       {&Author::Ask, 1, true},      {&Author::Traverse, 1, true},
-        {&Author::Sensitive, 1, true}, {&Author::Map, 1, true},      {&Author::Adopt, 2, false},
-        {&Author::Pump, 7, false},
+        {&Author::Set, 20, true},       {&Author::Text, 6, true},
+        {&Author::Call, 22, true},      {&Author::Action, 6, false},
+        {&Author::Event, 8, false},     {&Author::Point, 9, false},
+        {&Author::Click, 5, false},     {&Author::Press, 4, false},
+        {&Author::Release, 5, false},   {&Author::Key, 7, false},
+        {&Author::HoldKey, 2, false},   {&Author::Make, 6, true},
+        {&Author::Kill, 3, true},       {&Author::Manage, 5, true},
+        {&Author::ManageMany, 1, true}, {&Author::Configure, 3, true},
+        {&Author::Size, 2, true},       {&Author::On, 4, true},
+        {&Author::Later, 1, true},      {&Author::Inside, 5, false},
+        {&Author::Uncover, 2, false},   {&Author::Get, 1, true},
+        {&Author::Ask, 1, true},        {&Author::Traverse, 1, true},
+        {&Author::Sensitive, 1, true},  {&Author::Map, 1, true},
+        {&Author::Adopt, 2, false},     {&Author::Unrealize, 1, false},
+        {&Author::Colour, 1, true},     {&Author::Frame, 1, false},
+        {&Author::Rest, 1, false},      {&Author::Pump, 7, false},
     };
     return verbs;
 }
@@ -119,6 +131,14 @@ void Author::Weigh() {
     }
 }
 
+// The bars that a widget has by itself.
+std::string KindOfAdopted(const Step &step) {
+    const std::string &name = step.words.back();
+    if (name == XmNverticalScrollBar || name == XmNhorizontalScrollBar)
+        return "SvScrollBar";
+    return name == "*VertScrollBar" || name == "*HorScrollBar" ? "XmScrollBar" : "adopted";
+}
+
 // Scenes are set with the same draws each time.
 void Author::SetScene(Steps &steps) {
     Chance chance(seed_ * 2 + 1);
@@ -128,7 +148,7 @@ void Author::SetScene(Steps &steps) {
         else if (step.words.size() > 3 && step.words[1] == "XmCreateAttachedArc")
             cast_.Add(std::stoi(step.words[2]), "XmArc", std::stoi(step.words[3].substr(1)));
         else if (step.verb().starts_with("adopt"))
-            cast_.Add(std::stoi(step.words[1]), "adopted", 0);
+            cast_.Add(std::stoi(step.words[1]), KindOfAdopted(step), 0);
         steps.push_back(std::move(step));
     }
 }
@@ -138,9 +158,37 @@ Steps Author::Write(int count) {
     while (static_cast<int>(steps.size()) < count) {
         SetScene(steps);
         for (int i = 0; i < steps_between_scenes; i++)
-            steps.push_back(IsWorkbench() && chance_.OneIn(6) ? Bench() : AnyStep());
+            if (chance_.OneIn(steps_between_gestures))
+                AddGesture(steps);
+            else
+                steps.push_back(IsWorkbench() && chance_.OneIn(6) ? Bench() : AnyStep());
+        if (chance_.OneIn(2))
+            steps.push_back(Rest());
     }
     return steps;
+}
+
+// A button that is held on and beyond the widget, while other things happen.
+void Author::AddGesture(Steps &steps) {
+    const std::string id = Id(AnyWidget());
+    const std::string button = chance_.Of({"1", "1", "2", "3"});
+    const auto point = [&](int low, int high) {
+        steps.push_back(
+            {{"pointat", id, SmallNumber(chance_, low, high), SmallNumber(chance_, low, high)}});
+    };
+    point(0, chance_.OneIn(3) ? 250 : 30);
+    steps.push_back({{"press", button}});
+    for (int left = chance_.Between(1, 4); left > 0; left--) {
+        steps.push_back(Pump());
+        point(-60, chance_.OneIn(3) ? 400 : 60);
+        if (chance_.OneIn(2))
+            steps.push_back(chance_.OneIn(3) ? Step{{"wait"}} : Pump());
+        if (chance_.OneIn(2))
+            steps.push_back(InnerStep());
+    }
+    if (!chance_.OneIn(4))
+        steps.push_back({{"release", button}});
+    steps.push_back(Pump());
 }
 
 Step Author::AnyStep() {
@@ -228,7 +276,8 @@ Step Author::Call() {
                               subject == xmArcWidgetClass ? xmGraphWidgetClass : subject, next_id_);
     if (!call)
         return Set();
-    if (call->words[1] == "XmCreateAttachedArc" && cast_.size() < most_widgets)
+    if (call->words[1] == "XmCreateAttachedArc" && call->words[3] != "nil" &&
+        cast_.size() < most_widgets)
         cast_.Add(std::stoi(call->words[2]), "XmArc", std::stoi(call->words[3].substr(1)));
     return *call;
 }
@@ -306,7 +355,7 @@ Step Author::Key() {
     return {{"key", chance_.Of({"Up",    "Down",      "Left",      "Right",  "Home",   "End",
                                 "Prior", "Next",      "space",     "Return", "Escape", "Tab",
                                 "a",     "b",         "r",         "Insert", "Delete", "F10",
-                                "slash", "backslash", "BackSpace", "Menu",   "1"})}};
+                                "slash", "backslash", "BackSpace", "Menu",   "1",      "F1"})}};
 }
 
 Step Author::HoldKey() {
@@ -335,6 +384,8 @@ Step Author::Make() {
     if (cast_.size() >= most_widgets || IsWorkbench())
         return Kill();
     const int parent = AnyParent();
+    if (!parent) // the shell takes one child, the scene's
+        return Point();
     const bool arc = cast_.IsA(parent, xmGraphWidgetClass) && chance_.OneIn(3);
     const std::string kind = arc ? "XmArc" : chance_.Of(child_kinds);
     const int id = next_id_++;
@@ -344,8 +395,7 @@ Step Author::Make() {
         if (const Setting &setting = chance_.Of(settings); !setting.name.ends_with("ScrollBar"))
             for (auto &word : WordsToSet(chance_, cast_, setting))
                 step.words.push_back(std::move(word));
-    if (parent)
-        cast_.Add(id, kind, parent);
+    cast_.Add(id, kind, parent);
     return step;
 }
 
@@ -411,6 +461,10 @@ Step Author::Uncover() {
              SmallNumber(chance_, 0, 200)}};
 }
 
+Step Author::Colour() {
+    return {{"colour", Id(AnyWidget()), SmallNumber(chance_, 0, 0xffffff)}};
+}
+
 Step Author::Sensitive() {
     return {{"sensitive", Id(AnyWidget()), chance_.Percent(60) ? "1" : "0"}};
 }
@@ -419,16 +473,30 @@ Step Author::Map() {
     return {{chance_.OneIn(2) ? "map" : "unmap", Id(AnyWidget())}};
 }
 
+// The shell is the window manager's.
+Step Author::Unrealize() {
+    const int id = AnyWidget();
+    if (id == 0 || IsWorkbench())
+        return Map();
+    return {{chance_.OneIn(2) ? "unrealize" : "realize", Id(id)}};
+}
+
+Step Author::Frame() {
+    return {{"frame"}};
+}
+
 // ---- Steps within steps -------------------------------------------------------------------------------
 
 Step Author::On() {
-    const int id = cast_.AnyOf(chance_, Subject());
+    const int id = chance_.OneIn(4) ? cast_.Any(chance_) : cast_.AnyOf(chance_, Subject());
     const WidgetClass widget_class = cast_.ClassOf(id);
     const auto callbacks = widget_class ? CallbacksOf(widget_class) : std::vector<std::string>();
     if (callbacks.empty() || IsWorkbench())
         return Event();
     Step step{{"on", Id(id), chance_.Of(callbacks), SmallNumber(chance_, 1, 5)}};
-    const Step inner = chance_.OneIn(8) ? Step{{"refuse"}} : InnerStep();
+    Step inner = chance_.OneIn(8) ? Step{{"refuse"}} : InnerStep();
+    if (id && chance_.OneIn(8))
+        inner = {{"kill", Id(chance_.OneIn(3) ? cast_.ParentOf(id) : id)}};
     step.words.insert(step.words.end(), inner.words.begin(), inner.words.end());
     return step;
 }
@@ -445,6 +513,10 @@ Step Author::Inside() {
     const Step inner = InnerStep();
     step.words.insert(step.words.end(), inner.words.begin(), inner.words.end());
     return step;
+}
+
+Step Author::Rest() {
+    return {{"rest"}};
 }
 
 Step Author::Pump() {

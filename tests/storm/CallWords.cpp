@@ -165,15 +165,17 @@ struct Draw {
     int &next_id;
     int length; // of all arrays of the call: one may count for two
 
-    // Sometimes of another class, or another parent.
+    // Sometimes of another class, or another parent, or none, or one that dies.
     std::string Child(WidgetClass widget_class) const {
         if (chance.OneIn(12))
             return WidgetWord(cast.Any(chance));
+        if (chance.OneIn(20))
+            return "nil";
         const int child = cast.Any(chance, [&](int id) {
             return cast.ParentOf(id) == self &&
                    cast.IsA(id, xmArcWidgetClass) == (widget_class != nullptr);
         });
-        return WidgetWord(child);
+        return chance.OneIn(4) ? DyingWord(child) : WidgetWord(child);
     }
     std::string List(std::string (*entry)(const Draw &)) const {
         std::vector<std::string> entries;
@@ -182,11 +184,15 @@ struct Draw {
         return ToList(entries);
     }
     std::string Nodes() const {
+        if (chance.OneIn(15))
+            return "nil";
         if (chance.OneIn(4))
             return chance.Of({"nodes", "selected", "roots", "arcs"}) + WidgetWord(self);
         return List([](const Draw &draw) { return draw.Child(nullptr); });
     }
     std::string Arcs() const {
+        if (chance.OneIn(15))
+            return "nil";
         if (chance.OneIn(4))
             return chance.Of({"arcs", "selectedArcs", "nodes"}) + WidgetWord(self);
         return List([](const Draw &draw) { return draw.Child(xmArcWidgetClass); });
@@ -208,7 +214,13 @@ struct Draw {
     std::string Count() const {
         return chance.OneIn(6) ? chance.Of({"0", "-1", "-32768", "-2147483648"}) : "all";
     }
-    std::string Self() const { return WidgetWord(chance.OneIn(25) ? cast.Any(chance) : self); }
+    std::string Self() const {
+        if (chance.OneIn(40))
+            return "nil";
+        if (chance.OneIn(25))
+            return WidgetWord(cast.Any(chance));
+        return chance.OneIn(4) ? DyingWord(self) : WidgetWord(self);
+    }
     std::string Argument(char letter) const;
 };
 
@@ -226,9 +238,12 @@ std::string Draw::Argument(char letter) const {
     case 'p': return AnyPlace(chance);
     case 'd': return AnyNumber(chance);
     case 't': return Position();
-    case 's': return AnyLabel(chance);
-    case 'S': return List([](const Draw &draw) { return AnyLabel(draw.chance); });
-    case 'I': return List([](const Draw &draw) { return draw.Position(); });
+    case 's': return chance.OneIn(25) ? "nil" : AnyLabel(chance);
+    case 'S':
+        return chance.OneIn(25) ? "nil"
+                                : List([](const Draw &draw) { return AnyLabel(draw.chance); });
+    case 'I':
+        return chance.OneIn(25) ? "nil" : List([](const Draw &draw) { return draw.Position(); });
     case 'f': return Factor();
     case 'o': return "[0]";
     case 'O': return "[nil]";

@@ -176,8 +176,8 @@ bool InRange(Arguments &arguments) {
     const int line = arguments.As<int>(1);
     if (!arguments.values.Good())
         return false;
-    const bool in_range =
-        !XmIsGrid(grid) || (line >= 0 && line < reinterpret_cast<XmGridWidget>(grid)->grid.*lines);
+    const bool in_range = !grid || !XmIsGrid(grid) ||
+                          (line >= 0 && line < reinterpret_cast<XmGridWidget>(grid)->grid.*lines);
     return in_range && Plain<function>(arguments);
 }
 

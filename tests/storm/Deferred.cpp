@@ -2,11 +2,15 @@
 
 #include <tests/support/Interpose.h>
 
-#include <X11/Intrinsic.h>
+#include <X11/IntrinsicP.h>
+#include <X11/StringDefs.h>
 
-#include <cstring>
+#include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
+#include <sstream>
+#include <vector>
 
 namespace corvidlmw::storm {
 
@@ -37,11 +41,6 @@ Register<Work> &Works() {
     return works;
 }
 
-bool IsOurs(const void *caller) {
-    Dl_info info{};
-    return dladdr(caller, &info) && info.dli_fname && std::strstr(info.dli_fname, "libcorvidlmw");
-}
-
 // A timer is off the register before it acts: it may ask for the next one.
 void RunTimer(XtPointer closure, XtIntervalId *id) {
     const Timer timer = *static_cast<Timer *>(closure);
@@ -57,6 +56,72 @@ Boolean RunWork(XtPointer closure) {
     return done;
 }
 
+// ---- Callbacks --------------------------------------------------------------------------------------
+
+struct Callback {
+    Widget owner;
+    std::string list;
+    XtCallbackProc act;
+    XtPointer closure;
+    bool operator==(const Callback &) const = default;
+};
+
+std::vector<Callback> &Callbacks() {
+    static auto &callbacks = *new std::vector<Callback>;
+    return callbacks;
+}
+
+// Addresses of widgets; one that is made anew at such a place lives.
+std::set<const void *> &Dead() {
+    static auto &dead = *new std::set<const void *>;
+    return dead;
+}
+
+void NoteLife(Widget, XtPointer, XtPointer data) {
+    const Widget born = static_cast<XtCreateHookData>(data)->widget;
+    Dead().erase(born);
+    std::erase_if(Callbacks(), [born](const Callback &one) { return one.owner == born; });
+}
+
+void NoteDeath(Widget, XtPointer, XtPointer data) {
+    Dead().insert(static_cast<XtDestroyHookData>(data)->widget);
+}
+
+template <class Procedure>
+std::string NameOf(const std::string &where, Procedure *act) {
+    Dl_info info{};
+    dladdr(reinterpret_cast<void *>(act), &info);
+    std::ostringstream name;
+    name << where << ": " << (info.dli_sname ? info.dli_sname : "a procedure") << " at 0x"
+         << std::hex << reinterpret_cast<char *>(act) - static_cast<char *>(info.dli_fbase);
+    return name.str();
+}
+
+void FindStrayCallbacks(std::vector<std::string> &strays) {
+    auto &callbacks = Callbacks();
+    std::erase_if(callbacks, [](const Callback &one) { return Dead().contains(one.owner); });
+    for (const Callback &one : callbacks) {
+        if (Dead().contains(one.closure))
+            strays.push_back(NameOf(one.list, one.act) + ", for a dead widget");
+        if (std::count(callbacks.begin(), callbacks.end(), one) > 1)
+            strays.push_back(NameOf(one.list, one.act) + ", more than once");
+    }
+}
+
+template <class Deferred>
+void FindStrays(const Register<Deferred> &waiting, const char *kind,
+                std::vector<std::string> &strays) {
+    std::set<std::pair<decltype(Deferred::act), XtPointer>> seen;
+    for (const auto &[id, one] : waiting) {
+        if (Dead().contains(one->closure))
+            strays.push_back(NameOf(kind, one->act) + ", for a dead widget");
+        if (!seen.insert({one->act, one->closure}).second)
+            strays.push_back(NameOf(kind, one->act) + ", more than once");
+    }
+}
+
+// ---- Idleness -----------------------------------------------------------------------------------------
+
 struct Waiter {
     void (*act)(void *closure) = nullptr;
     void *closure = nullptr;
@@ -67,6 +132,20 @@ Waiter waiter;
 
 void WhenNothingIsPending(void (*act)(void *closure), void *closure) {
     waiter = {act, closure};
+}
+
+void FollowLives(Display *display) {
+    Widget hooks = XtHooksOfDisplay(display);
+    XtAddCallback(hooks, XtNcreateHook, NoteLife, nullptr);
+    XtAddCallback(hooks, XtNdestroyHook, NoteDeath, nullptr);
+}
+
+std::vector<std::string> Strays() {
+    std::vector<std::string> strays;
+    FindStrayCallbacks(strays);
+    FindStrays(Timers(), "a timer", strays);
+    FindStrays(Works(), "a work procedure", strays);
+    return strays;
 }
 
 int WaitingTimers() {
@@ -87,10 +166,10 @@ using namespace corvidlmw::storm;
 XtIntervalId XtAppAddTimeOut(XtAppContext app, unsigned long interval, XtTimerCallbackProc act,
                              XtPointer closure) {
     static auto *const next = corvidlmw::test::interpose::Next(&XtAppAddTimeOut, "XtAppAddTimeOut");
-    if (!IsOurs(__builtin_return_address(0)))
+    if (!corvidlmw::test::interpose::IsLibrary(__builtin_return_address(0)))
         return next(app, interval, act, closure);
     auto timer = std::make_unique<Timer>(Timer{act, closure});
-    timer->id = next(app, interval, RunTimer, timer.get());
+    timer->id = next(app, interval / 50, RunTimer, timer.get());
     const XtIntervalId id = timer->id;
     Timers()[id] = std::move(timer);
     return id;
@@ -100,6 +179,20 @@ void XtRemoveTimeOut(XtIntervalId id) {
     static auto *const next = corvidlmw::test::interpose::Next(&XtRemoveTimeOut, "XtRemoveTimeOut");
     next(id);
     Timers().erase(id);
+}
+
+void XtAddCallback(Widget w, const char *list, XtCallbackProc act, XtPointer closure) {
+    static auto *const next = corvidlmw::test::interpose::Next(&XtAddCallback, "XtAddCallback");
+    if (corvidlmw::test::interpose::IsLibrary(__builtin_return_address(0)))
+        Callbacks().push_back({w, list, act, closure});
+    next(w, list, act, closure);
+}
+
+void XtRemoveCallback(Widget w, const char *list, XtCallbackProc act, XtPointer closure) {
+    static auto *const next =
+        corvidlmw::test::interpose::Next(&XtRemoveCallback, "XtRemoveCallback");
+    std::erase(Callbacks(), Callback{w, list, act, closure});
+    next(w, list, act, closure);
 }
 
 XtInputMask XtAppPending(XtAppContext app) {
@@ -113,7 +206,7 @@ XtInputMask XtAppPending(XtAppContext app) {
 XtWorkProcId XtAppAddWorkProc(XtAppContext app, XtWorkProc act, XtPointer closure) {
     static auto *const next =
         corvidlmw::test::interpose::Next(&XtAppAddWorkProc, "XtAppAddWorkProc");
-    if (!IsOurs(__builtin_return_address(0)))
+    if (!corvidlmw::test::interpose::IsLibrary(__builtin_return_address(0)))
         return next(app, act, closure);
     auto work = std::make_unique<Work>(Work{act, closure});
     work->id = next(app, RunWork, work.get());

@@ -1,14 +1,21 @@
-// The timers and work procedures that are waiting, by who asked for them. The program stands between the
-// toolkit and its clients to know.
+// What waits for its turn: timers, work procedures and callbacks of the library under test. The program stands
+// between the toolkit and its clients to know. Timers run fifty times as fast as they were asked for.
 #pragma once
 
+#include <X11/Intrinsic.h>
+
 #include <string>
+#include <vector>
 
 namespace corvidlmw::storm {
 
-// Of the library under test.
 int WaitingTimers();
 int WaitingWorkProcs();
+
+// To be called once for a display, so that deaths of its widgets are known.
+void FollowLives(Display *display);
+// Those of all three that name a widget that is gone, and those that are there twice.
+std::vector<std::string> Strays();
 
 // Called when the toolkit asks in vain whether there is anything to do: its drags do so in a loop without an end.
 void WhenNothingIsPending(void (*act)(void *closure), void *closure);

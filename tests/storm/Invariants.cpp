@@ -1,6 +1,7 @@
 #include <tests/storm/Invariants.h>
 
 #include <tests/storm/Deferred.h>
+#include <tests/support/Belongings.h>
 #include <tests/support/Complaints.h>
 #include <tests/support/GoogleTest.h>
 #include <tests/support/Interpose.h>
@@ -156,6 +157,7 @@ constexpr std::string_view known_warnings[] = {
     "Invalid item",
     "When changed, XmN",
     "XmNitems and XmNitemCount mismatch",
+    "Cannot set XmNitems to NULL",
     "XmNselectedItem",
     "must be non-negative",
 };
@@ -181,6 +183,8 @@ void CheckWidgets(World &world) {
             gadgets.push_back(w);
     }
     CheckSharedParts(gadgets);
+    for (const auto &stray : Strays())
+        ADD_FAILURE() << "astray: " << stray;
 }
 
 void CheckComplaints() {
@@ -208,6 +212,11 @@ void CheckRest(World &world) {
     EXPECT_TRUE(at_rest) << "there is no end of events";
     // A menu that was posted by key may be left, which is the toolkit's.
     EXPECT_STREQ(world.workbench ? "" : world.Grab(), "") << "a grab is left";
+}
+
+void CheckBelongings() {
+    for (const auto &line : test::Belongings())
+        ADD_FAILURE() << "never given back: " << line;
 }
 
 // ---- Scroll bar -------------------------------------------------------------------------------------

@@ -11,6 +11,8 @@ void CheckWidgets(World &world);
 void CheckComplaints();
 // That nothing is left to do, and nothing grabbed, once all buttons are up.
 void CheckRest(World &world);
+// That the library holds nothing of the server's any more, once all widgets are gone.
+void CheckBelongings();
 
 // ---- By class
 

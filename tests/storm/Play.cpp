@@ -104,6 +104,7 @@ void SynchroniseIfAsked() {
     SynchroniseIfAsked();
     PlayAll(steps, manner);
     CheckComplaints();
+    CheckBelongings();
     EndIfBroken();
     if (!manner.to_the_end)
         _exit(EXIT_SUCCESS);

@@ -17,7 +17,7 @@ struct Outcome {
 
 struct Manner {
     // After how many steps the widgets are looked at.
-    int check_every = 6;
+    int check_every = 1;
     // At the end all is taken down, and the leak checker has its say.
     bool to_the_end = true;
     int watchdog_seconds = 40; // for one step

@@ -82,10 +82,13 @@ void MakeArcs(Setting &setting, int graph, int first, int count, int first_node,
 Steps SetGraph(Chance &chance) {
     Setting setting(chance);
     MakeStage(setting);
-    setting.Make(2, setting.Any({"XmGraph", "XmScrolledGraph"}), 1,
-                 std::string(place) + " editable " + setting.Any({"0", "1", "1"}) +
-                     " autoLayoutMode " + setting.Any({"0", "1", "2", "3", "4"}) + " layoutStyle " +
-                     setting.Any({"0", "1"}));
+    const bool in_window = chance.OneIn(3); // of the client's own, which outlives the graph
+    if (in_window)
+        setting.Make(8, "XmScrolledWindow", 1, std::string(place) + " scrollingPolicy 0");
+    setting.Make(
+        2, in_window ? "XmGraph" : setting.Any({"XmGraph", "XmScrolledGraph"}), in_window ? 8 : 1,
+        std::string(place) + " editable " + setting.Any({"0", "1", "1"}) + " autoLayoutMode " +
+            setting.Any({"0", "1", "2", "3", "4"}) + " layoutStyle " + setting.Any({"0", "1"}));
     const int nodes = chance.Between(1, 8);
     MakeNodes(setting, 2, 10, nodes);
     MakeArcs(setting, 2, 30, chance.Between(0, 10), 10, nodes);
@@ -94,6 +97,8 @@ Steps SetGraph(Chance &chance) {
         MakeNodes(setting, 3, 20, 2);
         MakeArcs(setting, 3, 50, 2, 20, 2);
     }
+    setting.Add("adoptnamed 6 *VertScrollBar");
+    setting.Add("adoptnamed 7 *HorScrollBar");
     if (chance.OneIn(2))
         setting.Add("call XmGraphCreateOverView 5 @2 @1");
     MakeNeighbours(setting);
@@ -105,6 +110,7 @@ Steps SetGraph(Chance &chance) {
 Steps SetList(Chance &chance) {
     Setting setting(chance);
     MakeStage(setting);
+    setting.Add(std::string("display enableBtn1Transfer ") + setting.Any({"0", "0", "1", "2"}));
     const bool scrolled = chance.Percent(70);
     setting.Make(2, scrolled ? "LmScrolledList" : "LmList", 1,
                  std::string(scrolled ? "" : place) + " visibleItemCount " +

@@ -3,12 +3,27 @@
 #include <tests/storm/Acts.h>
 
 #include <corvidlmw/graph/Graph.h>
+#include <corvidlmw/list/LmList.h>
 
 namespace corvidlmw::storm {
 
 namespace {
 
 constexpr const char *message_name = "STORM_STEP";
+
+// A copy of the item is the client's to free in these, in the last of them that it listens to.
+bool GivesItem(Widget w, const std::string &list) {
+    return XtClass(w) == lmListWidgetClass &&
+           (list == XmNarmCallback || list == XmNactivateCallback || list == XmNdisarmCallback);
+}
+
+void FreeItem(Widget w, XtPointer, XtPointer data) {
+    const auto *call = static_cast<LmListCallbackStruct *>(data);
+    const bool is_last =
+        call->reason != LmCR_ITEM_ICON_ACTIVATE && call->reason != LmCR_ITEM_BLANK_ACTIVATE;
+    if (is_last || XtHasCallbacks(w, XmNdisarmCallback) != XtCallbackHasSome)
+        XmStringFree(call->item);
+}
 
 } // namespace
 
@@ -32,8 +47,11 @@ bool Storm::DoInner(const Step &step) {
 // ---- Callbacks -------------------------------------------------------------------------------------
 
 bool Storm::DoOnCallback(Widget w, const std::string &list, int times, Step step) {
-    if (XtHasCallbacks(w, list.c_str()) == XtCallbackNoList)
+    const auto others = XtHasCallbacks(w, list.c_str());
+    if (others == XtCallbackNoList)
         return false;
+    if (others == XtCallbackHasNone && GivesItem(w, list))
+        XtAddCallback(w, list.c_str(), FreeItem, nullptr);
     waiting_.push_back(std::make_unique<Waiting>(Waiting{this, std::move(step), times}));
     XtAddCallback(w, list.c_str(), OnCallback, waiting_.back().get());
     return true;

@@ -63,6 +63,7 @@ XtArgVal Values::Of(const std::string &word) {
         return static_cast<XtArgVal>(last_count_);
     switch (word.empty() ? '\0' : word.front()) {
     case '@': return WidgetIn(word);
+    case '~': return DyingIn(word);
     case '"': return String(word);
     case '[': return Array(word);
     default: return word.find('@') != std::string::npos ? OwnList(word) : Named(word);
@@ -71,6 +72,11 @@ XtArgVal Values::Of(const std::string &word) {
 
 XtArgVal Values::WidgetIn(const std::string &word) {
     Widget w = world_.Find(std::atoi(word.c_str() + 1));
+    return w ? reinterpret_cast<XtArgVal>(w) : Fail();
+}
+
+XtArgVal Values::DyingIn(const std::string &word) {
+    Widget w = world_.FindLastingOrNot(std::atoi(word.c_str() + 1));
     return w ? reinterpret_cast<XtArgVal>(w) : Fail();
 }
 

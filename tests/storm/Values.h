@@ -3,6 +3,7 @@
 //     42  -1             a number
 //     nil                no pointer
 //     @3                 the widget of that number
+//     ~3                 also while it is being destroyed
 //     "text              a compound string, or a text where one is asked for
 //     pixmap:2 fonts:1 cursor:0 atom:1 class:XmArc layout:0 callbacks:1
 //     [@3,@4] [1,2] ["a,"b]  arrays; what is behind their last entry is zero
@@ -52,6 +53,7 @@ private:
     XtArgVal Fail();
     XtArgVal Named(const std::string &word);
     XtArgVal WidgetIn(const std::string &word);
+    XtArgVal DyingIn(const std::string &word);
     XtArgVal OwnList(const std::string &word);
     XtArgVal Array(const std::string &word);
     XtArgVal String(const std::string &word);

@@ -14,6 +14,10 @@ std::string WidgetWord(int id) {
     return "@" + std::to_string(id);
 }
 
+std::string DyingWord(int id) {
+    return "~" + std::to_string(id);
+}
+
 std::string SmallNumber(Chance &chance, int low, int high) {
     return WordFor(chance.Between(low, high));
 }

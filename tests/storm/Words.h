@@ -12,6 +12,7 @@ namespace corvidlmw::storm {
 
 std::string WordFor(int number);
 std::string WidgetWord(int id);
+std::string DyingWord(int id);
 
 // Numbers at which arithmetic goes wrong, and small ones.
 std::string AnyNumber(Chance &chance);

@@ -9,12 +9,14 @@
 #include <X11/cursorfont.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
+#include <Xm/DragDrop.h>
 
 #include <array>
 #include <chrono>
 #include <filesystem>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace corvidlmw::storm {
 
@@ -69,6 +71,7 @@ World::World() {
     std::filesystem::current_path(directory);
     hook_ = XtAppAddBlockHook(app, BeforeWaiting, this);
     WhenNothingIsPending(BeforeWaiting, this);
+    FollowLives(display);
     LetGoOfAll();
     MakeShell();
 }
@@ -80,6 +83,8 @@ World::~World() {
     workbench.reset();
     XtRemoveBlockHook(hook_);
     WhenNothingIsPending(nullptr, nullptr);
+    if (frame_)
+        XDestroyWindow(Robot(), frame_);
     for (XmFontList fonts : fonts_)
         XmFontListFree(fonts);
     std::error_code ignored;
@@ -101,8 +106,13 @@ void World::MakeShell() {
 // ---- Widgets -------------------------------------------------------------------------------------
 
 Widget World::Find(int id) const {
+    Widget w = FindLastingOrNot(id);
+    return w && !w->core.being_destroyed ? w : nullptr;
+}
+
+Widget World::FindLastingOrNot(int id) const {
     const auto found = widgets_.find(id);
-    return found == widgets_.end() || found->second->core.being_destroyed ? nullptr : found->second;
+    return found == widgets_.end() ? nullptr : found->second;
 }
 
 void World::Bind(int id, Widget w) {
@@ -201,6 +211,29 @@ void World::LetGoOfAll() {
     ReleaseAll(Robot());
 }
 
+// Who has the focus loses it to nobody when its window is hidden on the way.
+bool World::ChangeFrame() {
+    if (!shell || !XtIsRealized(shell))
+        return false;
+    const Window root = DefaultRootWindow(display);
+    const bool framed = frame_ != None;
+    if (!framed) {
+        frame_ = XCreateSimpleWindow(Robot(), root, 9, 23, 700, 520, 0, 0, 0);
+        XMapWindow(Robot(), frame_);
+        XSync(Robot(), False);
+    }
+    XReparentWindow(display, XtWindow(shell), framed ? root : frame_, 3, 5);
+    XSync(display, False);
+    if (framed)
+        XDestroyWindow(Robot(), std::exchange(frame_, None));
+    XWindowAttributes attributes;
+    XGetWindowAttributes(display, XtWindow(shell), &attributes);
+    if (attributes.map_state == IsViewable)
+        XSetInputFocus(Robot(), XtWindow(shell), RevertToPointerRoot, CurrentTime);
+    XSync(Robot(), False);
+    return true;
+}
+
 // ---- Events --------------------------------------------------------------------------------------
 
 // Before Xt would wait: outside of the toolkit's own loops, as in a drag, there is nothing left to do then.
@@ -225,6 +258,10 @@ void World::EndInnerLoops() {
         XTestFakeKeyEvent(display, escape, False, CurrentTime);
         XSync(display, False);
     }
+    // One that begins while its window is not in view has no grab, so that it hears of none of these.
+    if (waits_ % 64 == 0 && shell)
+        if (Widget drag = XmGetDragContext(shell, XtLastTimestampProcessed(display)))
+            XmDragCancel(drag);
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 

@@ -27,6 +27,8 @@ public:
 
     // NULL where there is none any more.
     Widget Find(int id) const;
+    // Also one that is being destroyed, and can be named until the toolkit has come to it.
+    Widget FindLastingOrNot(int id) const;
     // From then on the widget has this number; what had it is forgotten.
     void Bind(int id, Widget w);
     const std::map<int, Widget> &widgets() const { return widgets_; }
@@ -43,6 +45,8 @@ public:
     void Button(unsigned button, bool down);
     void Key(const std::string &name, bool down);
     void LetGoOfAll();
+    // As window managers come and go: the shell's window gets a frame around it, or loses it.
+    bool ChangeFrame();
 
     // ---- Events. Each ends after as many of them as a storm of honest clients never has.
     void Pump();
@@ -73,7 +77,7 @@ private:
     XtBlockHookId hook_ = 0;
     bool idle_ = false;
     int waits_ = 0;
-    Window offside_ = None;
+    Window frame_ = None;
 };
 
 } // namespace corvidlmw::storm

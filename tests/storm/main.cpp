@@ -127,11 +127,13 @@ int Replay(const std::vector<std::string> &words) {
         std::ifstream in(file);
         Manner manner;
         manner.check_every = 1;
-        const Outcome outcome = Play(ReadSteps(in), manner);
+        const Steps steps = ReadSteps(in);
+        const Outcome outcome = Play(steps, manner);
         if (!outcome.clean)
             Report(file, outcome);
         failed += !outcome.clean;
-        std::cout << (outcome.clean ? "well    " : "FAILED  ") << file << std::endl;
+        std::cout << (outcome.clean ? "well    " : "FAILED  ") << file << ", " << outcome.done
+                  << " of " << steps.size() << " steps" << std::endl;
     }
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -6,6 +6,7 @@
 
 #include <X11/Xlib.h>
 
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,13 @@ struct Counts {
     long ignored_round_trips = 0;
 };
 Counts CountsOf(Display *display);
+
+// Whether a call comes from the shared library under test.
+inline bool IsLibrary(const void *caller) {
+    Dl_info info{};
+    return dladdr(caller, &info) && info.dli_fname &&
+           std::strstr(info.dli_fname, "libcorvidlmw.so");
+}
 
 template <class Function>
 Function *Next(Function *, const char *name) {

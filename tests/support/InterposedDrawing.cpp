@@ -97,7 +97,6 @@ CORVIDLMW_INTERPOSE(int, XSetSubwindowMode, (Display *d, GC gc, int mode), (d, g
 CORVIDLMW_INTERPOSE_CLIP(XSetRegion, (Display *d, GC gc, Region region), (d, gc, region), SetClip(gc, BoxOf(region)), d, None, gc, BoxNumbers(region))
 CORVIDLMW_INTERPOSE_CLIP(XSetClipMask, (Display *d, GC gc, Pixmap mask), (d, gc, mask), SetClip(gc, std::nullopt), d, None, gc, {static_cast<long>(mask)})
 CORVIDLMW_INTERPOSE_CLIP(XSetClipRectangles, (Display *d, GC gc, int x, int y, XRectangle *r, int n, int order), (d, gc, x, y, r, n, order), SetClip(gc, BoxOf(x, y, r, n)), d, None, gc, Flat(r, n))
-CORVIDLMW_INTERPOSE_CLIP(XFreeGC, (Display *d, GC gc), (d, gc), SetClip(gc, std::nullopt), d, None, nullptr, {})
 CORVIDLMW_INTERPOSE_CLIP(XChangeGC, (Display *d, GC gc, unsigned long mask, XGCValues *values), (d, gc, mask, values), if (mask & GCClipMask) SetClip(gc, std::nullopt), d, None, gc, {static_cast<long>(mask)})
 
 }  // extern "C"

@@ -69,11 +69,6 @@ CORVIDLMW_INTERPOSE(int, XFlush, (Display *d), (d), d, None, nullptr, {})
 
 // ---- Made and freed -------------------------------------------------------------------------
 
-CORVIDLMW_INTERPOSE(GC, XCreateGC, (Display *d, Drawable w, unsigned long mask, XGCValues *values), (d, w, mask, values), d, w, nullptr, {Long(mask)})
-CORVIDLMW_INTERPOSE(Pixmap, XCreatePixmap, (Display *d, Drawable w, unsigned width, unsigned height, unsigned depth), (d, w, width, height, depth), d, w, nullptr, {width, height, depth})
-CORVIDLMW_INTERPOSE(int, XFreePixmap, (Display *d, Pixmap pixmap), (d, pixmap), d, pixmap, nullptr, {})
-CORVIDLMW_INTERPOSE(Cursor, XCreateFontCursor, (Display *d, unsigned shape), (d, shape), d, None, nullptr, {shape})
-CORVIDLMW_INTERPOSE(int, XFreeCursor, (Display *d, Cursor cursor), (d, cursor), d, None, nullptr, {Long(cursor)})
 
 }  // extern "C"
 // clang-format on
