@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Every installed manual page is set without a warning by man, and by mandoc where that is installed, and
-# no line of it is wider than a terminal of 80 columns.
+# Every installed manual page, those beside the sources of the examples included, is set without a warning by
+# man, and by mandoc where that is installed, and no line of it is wider than a terminal of 80 columns.
 #   form.sh MANUAL_DIRECTORY
 set -euo pipefail
 
 shopt -s nullglob
-pages=("$1"/man[37]/*.[37])
+pages=("$1"/man[37]/*.[37] "$1"/../corvidlmw/examples/*/*.1)
 (( ${#pages[@]} > 0 )) || { echo "no manual pages in $1" >&2 && exit 1; }
 
 failed=0
