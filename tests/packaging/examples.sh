@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
 # Builds each example by the line that its page gives, against an installed library and in a copy of the
 # installed sources; runs each by the next line on a server of its own, and takes a picture of it.
-#   examples.sh PREFIX WORK_DIRECTORY [apart]
-# With `apart` each example has a copy of its own, where nothing is left of another one's build.
+#   examples.sh PREFIX WORK_DIRECTORY [apart|installed]
+# With `apart` each example has a copy of its own, where nothing is left of another one's build. With
+# `installed` nothing is built: the line runs the program that is installed as corvidlmw-NAME.
 # The pictures are WORK_DIRECTORY/NAME.png. Settings of the build come from the environment.
 set -euo pipefail
 
 prefix=$1
 work=$2
-apart=${3:-}
+way=${3:-}
 sources=$prefix/share/corvidlmw/examples
 
 if [[ $prefix != /usr ]]; then
@@ -94,12 +95,19 @@ diff <(cd "$sources" && printf '%s\n' */main.c* | cut -d/ -f1 | sort) \
 
 for example in "${examples[@]}"; do
     IFS=$'\t' read -r name build_line run_line <<<"$example"
-    copy=$work/${apart:+$name-}copy
+    copy=$work/copy
+    [[ $way != apart ]] || copy=$work/$name-copy
     [[ -d $copy ]] || cp -r "$sources" "$copy"
     chmod -R u+w "$copy"
     cd "$copy"
-    echo "$name: $build_line"
-    bash -c "$build_line" >"$work/said" 2>&1 || fail "$name was not built"
+    if [[ $way == installed ]]; then
+        [[ -x $prefix/bin/corvidlmw-$name ]] || continue
+        read -r _ arguments <<<"$run_line"
+        run_line="$prefix/bin/corvidlmw-$name $arguments"
+    else
+        echo "$name: $build_line"
+        bash -c "$build_line" >"$work/said" 2>&1 || fail "$name was not built"
+    fi
     run_example "$name" "$run_line"
     echo "$name: $run_line: $work/$name.png"
 done
