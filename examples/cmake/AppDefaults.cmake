@@ -12,7 +12,7 @@ function(use_app_defaults target file)
     string(STRIP "${resources}" resources)
     string(REGEX REPLACE "\n([ \t]*(![^\n]*)?\n)+" "\n" resources "\n${resources}")
     string(REGEX REPLACE "([\\\"])" "\\\\\\1" resources "${resources}")
-    string(REGEX REPLACE "\n([^\n]+)" "const_cast<char *>(\"\\1\"),\n" resources "${resources}")
+    string(REGEX REPLACE "\n([^\n]+)" "(char *)\"\\1\",\n" resources "${resources}")
     file(CONFIGURE OUTPUT resources/${class}Resources.inc @ONLY CONTENT "// Made from ${file}.
 ${resources}")
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/resources)

@@ -11,6 +11,11 @@
 #include <stdlib.h>
 #include <string.h>
 
+/* Where the window is looked for if the program is not told. */
+#ifndef PLANNER_UID
+#define PLANNER_UID "planner.uid"
+#endif
+
 enum { MAX_TASKS = 64 };
 
 /* A task is known by its name: the list's row, the graph's node. */
@@ -175,20 +180,7 @@ static int RegisterProcedures(void) {
 /* ---- Program -------------------------------------------------------------------------------------- */
 
 static char *fallback_resources[] = {
-    "UilPlanner.geometry: 1160x400",
-    "*renderTable: text",
-    "*buttonRenderTable: text",
-    "*labelRenderTable: text",
-    "*textRenderTable: text",
-    "*text.fontType: FONT_IS_XFT",
-    "*text.fontName: DejaVu Sans",
-    "*text.fontSize: 9",
-    "*plan*highlightColor: #d4500c",
-    "*form.task.renderTable: strong",
-    "*strong.fontType: FONT_IS_XFT",
-    "*strong.fontName: DejaVu Sans",
-    "*strong.fontSize: 9",
-    "*strong.fontStyle: Bold",
+#include <UilPlannerResources.inc>
     NULL,
 };
 
@@ -235,7 +227,7 @@ int main(int argc, char **argv) {
     MrmInitialize();
     shell = XtVaOpenApplication(&app, "UilPlanner", NULL, 0, &argc, argv, fallback_resources,
                                 applicationShellWidgetClass, XmNtitle, "uil-planner: tasks", NULL);
-    file = argc > 1 ? argv[1] : "planner.uid";
+    file = argc > 1 ? argv[1] : PLANNER_UID;
     if (CorvidlmwMrmRegisterClasses() != MrmSUCCESS || !RegisterProcedures() ||
         !FetchWindow(shell, file)) {
         fprintf(stderr, "uil-planner: %s: no window in it\n", file);

@@ -48,6 +48,7 @@ debootstrap --variant=minbase bookworm "$machine"
 mount_in proc -t proc proc
 mount_in sys --bind /sys
 mount_in dev --bind /dev
+mount_in dev/pts --bind /dev/pts
 mount_in dev/shm -t tmpfs tmpfs
 
 # The packages alone, with what they ask for themselves; then what the page of the examples says, and a server.

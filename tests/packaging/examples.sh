@@ -104,6 +104,7 @@ for example in "${examples[@]}"; do
         [[ -x $prefix/bin/corvidlmw-$name ]] || continue
         read -r _ arguments <<<"$run_line"
         run_line="$prefix/bin/corvidlmw-$name $arguments"
+        [[ $arguments != build/* ]] || run_line=$prefix/bin/corvidlmw-$name
     else
         echo "$name: $build_line"
         bash -c "$build_line" >"$work/said" 2>&1 || fail "$name was not built"
