@@ -1,5 +1,6 @@
 #include <tests/storm/Acts.h>
 
+#include <tests/storm/Deferred.h>
 #include <tests/storm/Invariants.h>
 #include <tests/storm/Scenes.h>
 #include <tests/storm/Storm.h>
@@ -241,7 +242,24 @@ bool On(Told &told, Widget w) {
            told.storm.DoOnCallback(w, told.Word(2), told.Number(3), told.step.From(4));
 }
 
-bool Kill(Told &, Widget w) {
+bool HoldsScrolledWindow(Widget w) {
+    if (!XtIsComposite(w))
+        return false;
+    const auto &composite = reinterpret_cast<CompositeWidget>(w)->composite;
+    return XmIsScrolledWindow(w) ||
+           std::any_of(composite.children, composite.children + composite.num_children,
+                       HoldsScrolledWindow);
+}
+
+bool IsScrolled(Widget w) {
+    return w && (XmIsScrolledWindow(w) || IsScrolled(XtParent(w)));
+}
+
+// The toolkit's scrolled window goes on with its layout after callbacks of what it holds. While an event is
+// handled, as mostly in a client, what is ended there stays until afterwards.
+bool Kill(Told &told, Widget w) {
+    if (told.storm.IsInCallback() && !IsDispatching() && (IsScrolled(w) || HoldsScrolledWindow(w)))
+        return false;
     XtDestroyWidget(w);
     return true;
 }

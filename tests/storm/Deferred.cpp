@@ -128,7 +128,15 @@ struct Waiter {
 };
 Waiter waiter;
 
+// ---- Events -------------------------------------------------------------------------------------------
+
+int dispatches = 0;
+
 } // namespace
+
+bool IsDispatching() {
+    return dispatches > 0;
+}
 
 void WhenNothingIsPending(void (*act)(void *closure), void *closure) {
     waiter = {act, closure};
@@ -162,6 +170,14 @@ int WaitingWorkProcs() {
 extern "C" {
 
 using namespace corvidlmw::storm;
+
+Boolean XtDispatchEvent(XEvent *event) {
+    static auto *const next = corvidlmw::test::interpose::Next(&XtDispatchEvent, "XtDispatchEvent");
+    ++dispatches;
+    const Boolean handled = next(event);
+    --dispatches;
+    return handled;
+}
 
 XtIntervalId XtAppAddTimeOut(XtAppContext app, unsigned long interval, XtTimerCallbackProc act,
                              XtPointer closure) {

@@ -17,6 +17,9 @@ void FollowLives(Display *display);
 // Those of all three that name a widget that is gone, and those that are there twice.
 std::vector<std::string> Strays();
 
+// Whether an event is being handled: widgets that are ended then are gone only afterwards.
+bool IsDispatching();
+
 // Called when the toolkit asks in vain whether there is anything to do: its drags do so in a loop without an end.
 void WhenNothingIsPending(void (*act)(void *closure), void *closure);
 

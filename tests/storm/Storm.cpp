@@ -62,9 +62,11 @@ void Storm::OnCallback(Widget w, XtPointer closure, XtPointer call_data) {
     auto *waiting = static_cast<Waiting *>(closure);
     if (waiting->times-- <= 0)
         return;
-    if (waiting->step.verb() != "refuse")
+    if (waiting->step.verb() != "refuse") {
+        ++waiting->storm->callbacks_;
         waiting->storm->DoInner(waiting->step);
-    else if (XmIsGraph(w) && call_data)
+        --waiting->storm->callbacks_;
+    } else if (XmIsGraph(w) && call_data)
         static_cast<XmGraphCallbackStruct *>(call_data)->doit = False;
 }
 

@@ -24,6 +24,8 @@ public:
     // `list` of the widget does the step the first `times` times that it is called.
     bool DoOnCallback(Widget w, const std::string &list, int times, Step step);
     void DoLater(unsigned long milliseconds, Step step);
+    // Whether a callback of a widget is at work.
+    bool IsInCallback() const { return callbacks_ > 0; }
     // Within the dispatch of an event.
     bool DoInside(const Step &step);
 
@@ -45,6 +47,7 @@ private:
     std::vector<std::unique_ptr<Waiting>> waiting_;
     World world_;
     int depth_ = 0;
+    int callbacks_ = 0;
     int inner_steps_ = 0;
     const Step *inside_ = nullptr;
 };
