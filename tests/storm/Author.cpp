@@ -40,7 +40,8 @@ private:
 
     void Weigh();
     void SetScene(Steps &steps);
-    void AddGesture(Steps &steps);
+    void AddGesture(Steps &steps, int widget);
+    void AddDeath(Steps &steps);
     Step AnyStep();
     Step InnerStep();
 
@@ -52,9 +53,11 @@ private:
     std::string Id(int id) const { return WordFor(id); }
 
     Step Set();
+    Step SetOf(int id);
     Step Text();
     Step Call();
     Step Action();
+    Step ActionOf(int id);
     Step Event();
     Step Point();
     Step Click();
@@ -159,9 +162,11 @@ Steps Author::Write(int count) {
         SetScene(steps);
         for (int i = 0; i < steps_between_scenes; i++)
             if (chance_.OneIn(steps_between_gestures))
-                AddGesture(steps);
+                AddGesture(steps, AnyWidget());
             else
                 steps.push_back(IsWorkbench() && chance_.OneIn(6) ? Bench() : AnyStep());
+        if (!IsWorkbench())
+            AddDeath(steps);
         if (chance_.OneIn(2))
             steps.push_back(Rest());
     }
@@ -169,8 +174,8 @@ Steps Author::Write(int count) {
 }
 
 // A button that is held on and beyond the widget, while other things happen.
-void Author::AddGesture(Steps &steps) {
-    const std::string id = Id(AnyWidget());
+void Author::AddGesture(Steps &steps, int widget) {
+    const std::string id = Id(widget);
     const std::string button = chance_.Of({"1", "1", "2", "3"});
     const auto point = [&](int low, int high) {
         steps.push_back(
@@ -189,6 +194,24 @@ void Author::AddGesture(Steps &steps) {
     if (!chance_.OneIn(4))
         steps.push_back({{"release", button}});
     steps.push_back(Pump());
+}
+
+// The first callback is the last: it ends the widget, or its parent. The scene is set again after that.
+void Author::AddDeath(Steps &steps) {
+    const int id = cast_.AnyOf(chance_, Subject());
+    if (!id)
+        return;
+    const std::string victim = Id(chance_.OneIn(3) ? cast_.ParentOf(id) : id);
+    for (const std::string &callback : CallbacksOf(cast_.ClassOf(id)))
+        if (callback != XmNdestroyCallback && !chance_.OneIn(4))
+            steps.push_back({{"on", Id(id), callback, "1", "kill", victim}});
+    for (int left = chance_.Between(3, 9); left > 0; left--)
+        switch (chance_.Between(1, 4)) {
+        case 1: AddGesture(steps, id); break;
+        case 2: steps.push_back(Call()); break;
+        case 3: steps.push_back(SetOf(id)); break;
+        default: steps.push_back(ActionOf(id));
+        }
 }
 
 Step Author::AnyStep() {
@@ -238,7 +261,10 @@ int Author::AnyParent() {
 // ---- Resources and functions ------------------------------------------------------------------------
 
 Step Author::Set() {
-    const int id = AnyWidget();
+    return SetOf(AnyWidget());
+}
+
+Step Author::SetOf(int id) {
     const WidgetClass widget_class = cast_.ClassOf(id);
     if (!widget_class)
         return Pump();
@@ -304,7 +330,10 @@ Step Author::Event() {
 }
 
 Step Author::Action() {
-    const int id = cast_.AnyOf(chance_, Subject());
+    return ActionOf(cast_.AnyOf(chance_, Subject()));
+}
+
+Step Author::ActionOf(int id) {
     const WidgetClass widget_class = cast_.ClassOf(id);
     if (!widget_class || widget_class->core_class.num_actions == 0)
         return Event();

@@ -4,6 +4,7 @@
 
 #include <corvidlmw/graph/Graph.h>
 #include <corvidlmw/list/LmList.h>
+#include <corvidlmw/scrollbar/SvScrollBar.h>
 
 namespace corvidlmw::storm {
 
@@ -15,6 +16,13 @@ constexpr const char *message_name = "STORM_STEP";
 bool GivesItem(Widget w, const std::string &list) {
     return XtClass(w) == lmListWidgetClass &&
            (list == XmNarmCallback || list == XmNactivateCallback || list == XmNdisarmCallback);
+}
+
+// Called in the midst of the toolkit's own work on a graph and its scrolled window, and of XtSetValues on a bar,
+// which goes on with them afterwards: a client that ends them there does so within a dispatch, or later.
+bool IsInTheMidst(const std::string &list) {
+    return list == XmNgraphChangedCallback || list == XmNgraphTooBigCallback ||
+           list == XmNtroughPixmapCallback;
 }
 
 void FreeItem(Widget w, XtPointer, XtPointer data) {
@@ -52,6 +60,8 @@ bool Storm::DoOnCallback(Widget w, const std::string &list, int times, Step step
         return false;
     if (others == XtCallbackHasNone && GivesItem(w, list))
         XtAddCallback(w, list.c_str(), FreeItem, nullptr);
+    if (step.verb() == "kill" && IsInTheMidst(list))
+        step.words.insert(step.words.begin(), {"later", "0"});
     waiting_.push_back(std::make_unique<Waiting>(Waiting{this, std::move(step), times}));
     XtAddCallback(w, list.c_str(), OnCallback, waiting_.back().get());
     return true;
