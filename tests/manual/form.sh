@@ -22,8 +22,11 @@ for page in "${pages[@]}"; do
     fi
     warnings=$(MANWIDTH=80 MANROFFOPT=-ww LC_ALL=C.UTF-8 man --warnings --local-file "$page" 2>&1 >/dev/null)
     [[ -z $warnings ]] || complain "$name" "$warnings"
-    widest=$(MANWIDTH=80 LC_ALL=C.UTF-8 man --local-file "$page" | LC_ALL=C.UTF-8 wc -L)
+    text=$(MANWIDTH=80 LC_ALL=C.UTF-8 man --local-file "$page")
+    widest=$(LC_ALL=C.UTF-8 wc -L <<<"$text")
     (( widest > 40 && widest <= 80 )) || complain "$name" "$widest columns"
+    # A name too long for the middle of the line above the page runs into it.
+    [[ $text == "${name%.*}(${name##*.}) "* ]] || complain "$name" "heading ${text%%$'\n'*}"
     if command -v mandoc >/dev/null; then
         warnings=$(mandoc -Tlint -W warning "$page") || true
         [[ -z $warnings ]] || complain "$name" "$warnings"
