@@ -221,6 +221,7 @@ void DesignerWindow::AskFile(const char *title, std::function<void(const std::st
             [](Widget dialog, XtPointer, XtPointer) { XtUnmanageChild(dialog); }, nullptr);
     }
     XtVaSetValues(XtParent(file_dialog), XmNtitle, title, nullptr);
+    XmFileSelectionDoSearch(file_dialog, nullptr); // it would show the files of its last time
     XtManageChild(file_dialog);
 }
 

@@ -149,6 +149,7 @@ void FileCommands::AskFile(const char *title, TakeFile take) {
     }
     const Text text{title};
     XtVaSetValues(file_dialog, XmNdialogTitle, text.Get(), nullptr);
+    XmFileSelectionDoSearch(file_dialog, nullptr); // it would show the files of its last time
     XtManageChild(file_dialog);
 }
 

@@ -89,12 +89,13 @@ void Drill::Tell() {
 }
 
 void Drill::GoOn() {
+    const int nodes = XmGraphNumNodes(window_.pane().graph());
     if (next_ == 0) {
-        std::cout << "with " << XmGraphNumNodes(window_.pane().graph()) << " nodes and "
-                  << XmGraphNumArcs(window_.pane().graph())
+        std::cout << "with " << nodes << " nodes and " << XmGraphNumArcs(window_.pane().graph())
                   << " arcs; each with all its time, and the longest stay\n";
     }
-    if (next_ == exercises_.size()) {
+    const bool nothing_to_do = next_ == 0 && nodes == 0;
+    if (nothing_to_do || next_ == exercises_.size()) {
         XtAppSetExitFlag(app_);
         return;
     }

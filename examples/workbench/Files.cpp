@@ -141,6 +141,7 @@ void Files::AskFile(const char *title, bool directory, TakeFile take) {
     take_file_ = std::move(take);
     const Text text(title);
     XtVaSetValues(Dialog(directory), XmNdialogTitle, text.Get(), nullptr);
+    XmFileSelectionDoSearch(Dialog(directory), nullptr); // it would show the files of its last time
     XtManageChild(Dialog(directory));
 }
 

@@ -229,6 +229,7 @@ void GraphPane::Update(const Touched &touched) {
     });
     for_each("moving", shared->nodes, &GraphPane::PutInPlace);
     worker_.Add("drawing", [this] {
+        too_big_ = false;
         XmGraphAdjustSize(graph_);
         if (XtIsRealized(graph_)) {
             XClearArea(XtDisplay(graph_), XtWindow(graph_), 0, 0, 0, 0, True);
@@ -330,6 +331,11 @@ bool GraphPane::IsHorizontal() const {
     return GetResource<unsigned char>(graph_, XmNorientation) == XmHORIZONTAL;
 }
 
+void GraphPane::LayOut() {
+    too_big_ = false;
+    XmGraphLayout(graph_);
+}
+
 void GraphPane::Zoom(float factor) {
     too_big_ = false;
     XmGraphZoom(graph_, factor);
@@ -338,8 +344,8 @@ void GraphPane::Zoom(float factor) {
 
 void GraphPane::Turn() {
     too_big_ = false;
+    // This lays the graph out, too.
     XtVaSetValues(graph_, XmNorientation, IsHorizontal() ? XmVERTICAL : XmHORIZONTAL, nullptr);
-    XmGraphLayout(graph_);
     const auto sides = graph_browser::SidesFor(GetOrientation());
     for (const Widget arc : arcs_) {
         if (arc) {

@@ -36,7 +36,7 @@ public:
     // After an edit or its undoing.
     void Update(const Touched &touched);
     // New places for all nodes; they are on the screen then, and not yet in the document.
-    void LayOut() { XmGraphLayout(graph_); }
+    void LayOut();
     void Zoom(float factor);
     void Turn(); // from left to right, or from top to bottom
     bool IsHorizontal() const;

@@ -4,6 +4,12 @@ namespace workbench {
 
 void AddMenus(graph_browser::Menus &menus, WorkbenchWindow &window) {
     const auto idle = [&window] { return !window.IsBusy(); };
+    const auto view = [&window](auto change) {
+        return [&window, change] {
+            change(window.pane());
+            window.UpdateStatus();
+        };
+    };
     // clang-format off
     menus.AddMenu("File", 'F');
     menus.AddCommand({"Open DOT File...", 'O', "Ctrl<Key>o", "Ctrl+O",
@@ -48,11 +54,11 @@ void AddMenus(graph_browser::Menus &menus, WorkbenchWindow &window) {
                       [&window] { window.GoToNextHit(); }, nullptr, idle});
     menus.AddSeparator();
     menus.AddCommand({"Zoom In", 'I', "Ctrl<Key>equal", "Ctrl+=",
-                      [&window] { window.pane().Zoom(2); }, nullptr, idle});
+                      view([](GraphPane &pane) { pane.Zoom(2); }), nullptr, idle});
     menus.AddCommand({"Zoom Out", 'O', "Ctrl<Key>minus", "Ctrl+-",
-                      [&window] { window.pane().Zoom(-2); }, nullptr, idle});
+                      view([](GraphPane &pane) { pane.Zoom(-2); }), nullptr, idle});
     menus.AddToggle({"Left to Right", 'L', "Ctrl<Key>t", "Ctrl+T",
-                     [&window] { window.pane().Turn(); },
+                     view([](GraphPane &pane) { pane.Turn(); }),
                      [&window] { return window.pane().IsHorizontal(); }, idle});
     // clang-format on
 }

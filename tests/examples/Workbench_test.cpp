@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <X11/keysym.h>
+#include <Xm/FileSB.h>
 
 #include <corvidlmw/graph/Graph.h>
 #include <corvidlmw/list/LmList.h>
@@ -93,9 +94,11 @@ protected:
         EXPECT_EQ(XmGraphNumNodes(Graph()), nodes);
         EXPECT_EQ(XmGraphNumArcs(Graph()), arcs);
     }
-    std::string Property(int row) const {
+    std::string Property(int row) const { return Label(Property("value", row)); }
+    std::string StatusLine() const { return Label(window->status()); }
+    static std::string Label(Widget w) {
         XmString label = nullptr;
-        XtVaGetValues(Property("value", row), XmNlabelString, &label, nullptr);
+        XtVaGetValues(w, XmNlabelString, &label, nullptr);
         char *text = static_cast<char *>(XmStringUnparse(label, nullptr, XmCHARSET_TEXT,
                                                          XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
         const std::string copy = text ? text : "";
@@ -235,6 +238,41 @@ TEST_F(WorkbenchTest, PrintsAndSavesWhatIsShown) {
     EXPECT_NE(Contents(top / "family.dot").find("label=maiden"), std::string::npos);
     Command(XK_z);
     EXPECT_TRUE(window->history().IsChanged());
+}
+
+TEST_F(WorkbenchTest, ListsTheFilesThatAreThereNow) {
+    Command(XK_o);
+    const Widget dialog = XtNameToWidget(shell, "*files");
+    ASSERT_NE(dialog, nullptr);
+    XmString directory = XmStringCreateLocalized((top.string() + "/").data());
+    XtVaSetValues(dialog, XmNdirectory, directory, nullptr);
+    XmStringFree(directory);
+    EXPECT_EQ(GetResource<int>(dialog, XmNfileListItemCount), 1);
+    Click(XtNameToWidget(dialog, "Cancel"), 5, 5);
+    File("neighbours.dot", "digraph {}");
+    Command(XK_o);
+    EXPECT_EQ(GetResource<int>(dialog, XmNfileListItemCount), 2);
+    Click(XtNameToWidget(dialog, "Cancel"), 5, 5);
+}
+
+TEST_F(WorkbenchTest, TellsAfterEachCommandWhetherTheGraphIsTooLarge) {
+    std::string text = "digraph {";
+    for (int i = 0; i < 800; i++) {
+        text += "son -> g" + std::to_string(i) + ";";
+    }
+    const auto is_too_large = [this] {
+        return StatusLine().find("larger than a window") != std::string::npos;
+    };
+    Open(Source::DotFile, File("large.dot", text + "}"));
+    EXPECT_FALSE(is_too_large());
+    Command(XK_t);
+    EXPECT_TRUE(is_too_large());
+    Command(XK_t);
+    EXPECT_FALSE(is_too_large());
+    Command(XK_t);
+    Command(XK_a);
+    Command(XK_d);
+    EXPECT_FALSE(is_too_large());
 }
 
 TEST_F(WorkbenchTest, StopsReadingAndKeepsWhatIsShown) {
