@@ -15,7 +15,9 @@
 #include <corvidlmw/uil/Mrm.h>
 
 #include <Mrm/MrmPublic.h>
+#include <Xm/DialogS.h>
 #include <Xm/PushBG.h>
+#include <Xm/ScrolledW.h>
 
 #include <map>
 
@@ -58,6 +60,26 @@ protected:
         return count == 1 ? arcs[0] : nullptr;
     }
 
+    // What stands between the two: what a creation function makes beside the widget.
+    static std::string Around(Widget child, Widget top) {
+        Widget parent = XtParent(child);
+        if (parent == top) {
+            return "nothing";
+        }
+        if (XmIsDialogShell(parent)) {
+            return "a dialog shell";
+        }
+        const bool scrolled = XmIsScrolledWindow(parent) || XmIsScrolledWindow(XtParent(parent));
+        return scrolled ? "a scrolled window" : "something else";
+    }
+    static std::string WhatItMakes(const std::string &procedure) {
+        if (procedure.ends_with("Dialog")) {
+            return "a dialog shell";
+        }
+        const bool scrolled = procedure.find("Scrolled") != std::string::npos;
+        return scrolled ? "a scrolled window" : "nothing";
+    }
+
     template <typename Value>
     static Value Get(Widget widget, const char *resource) {
         Value value{};
@@ -96,6 +118,7 @@ TEST_F(UilFetchTest, EveryCreationFunctionIsKnown) {
         Widget child = arc ? OnlyArc(top) : XtNameToWidget(top, "*child");
         ASSERT_NE(child, nullptr) << procedure;
         EXPECT_EQ(XtClass(child), classes.at(procedure)) << procedure;
+        EXPECT_EQ(Around(child, top), WhatItMakes(procedure)) << procedure;
         EXPECT_TRUE(XtIsManaged(child) || procedure.ends_with("Dialog")) << procedure;
         XtDestroyWidget(top);
     }

@@ -8,6 +8,7 @@
 #include <corvidlmw/graph/Arc.h>
 #include <corvidlmw/graph/Graph.h>
 #include <corvidlmw/gadget/IconG.h>
+#include <corvidlmw/managers/Grid.h>
 
 #include <algorithm>
 #include <map>
@@ -106,24 +107,45 @@ TEST(UilModuleTest, NamesAreShortEnoughForTheCompiler) {
     }
 }
 
-// The functions that take a parent, a name and arguments.
-TEST(UilModuleTest, DeclaresEveryCreationFunction) {
-    std::set<std::string> functions;
+// What stands for the pattern's first group, in all headers.
+std::set<std::string> FoundInHeaders(const char *pattern) {
+    std::set<std::string> found;
+    const std::regex expression(pattern);
     const std::filesystem::path library = SOURCE_DIRECTORY "/corvidlmw";
-    const std::regex creation(
-        R"(CORVIDLMW_EXPORT Widget (\w+)\(Widget parent,\s+(?:char \*|String )name,\s+ArgList)");
     for (const auto &file : std::filesystem::recursive_directory_iterator(library)) {
         if (file.path().extension() == ".h") {
             const std::string text = ReadFile(file.path());
-            for (std::sregex_iterator at(text.begin(), text.end(), creation), end; at != end;
+            for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end;
                  ++at) {
-                functions.insert((*at)[1]);
+                found.insert((*at)[1]);
             }
         }
     }
+    return found;
+}
+
+// The functions that take a parent, a name and arguments.
+TEST(UilModuleTest, DeclaresEveryCreationFunction) {
+    const auto functions = FoundInHeaders(
+        R"(CORVIDLMW_EXPORT Widget (\w+)\(Widget parent,\s+(?:char \*|String )name,\s+ArgList)");
     const auto procedures = UilProcedures();
     EXPECT_EQ(std::set<std::string>(procedures.begin(), procedures.end()), functions);
     EXPECT_EQ(UilModule("include file 'corvidlmw/uil/Corvidlmw.uil';").complaints(), "");
+}
+
+// What resources can be set to; no reasons, which no interface sets.
+std::set<std::string> ValuesInHeaders() {
+    auto values = FoundInHeaders(R"(\n#define (Xm[A-Z]+_[A-Z]+) \d)");
+    const std::regex value(R"(\bXm[A-Z_]+\b)");
+    for (const std::string &list : FoundInHeaders(R"(\nenum (\{[^}]*\});)")) {
+        for (std::sregex_iterator at(list.begin(), list.end(), value), end; at != end; ++at) {
+            if (!at->str().starts_with("XmCR_")) {
+                values.insert(at->str());
+            }
+        }
+    }
+    EXPECT_GT(values.size(), 20u);
+    return values;
 }
 
 TEST(UilModuleTest, ConstantsAreThoseOfTheHeaders) {
@@ -134,9 +156,13 @@ TEST(UilModuleTest, ConstantsAreThoseOfTheHeaders) {
     const Constant constants[] = {
 #include <UilConstants.inc>
     };
-    EXPECT_GT(std::size(constants), 25u);
+    std::set<std::string> declared;
     for (const Constant &each : constants) {
         EXPECT_EQ(each.module, each.header) << each.name;
+        declared.insert(each.name);
+    }
+    for (const std::string &value : ValuesInHeaders()) {
+        EXPECT_TRUE(declared.count(value)) << value << " has no name in UIL";
     }
 }
 
