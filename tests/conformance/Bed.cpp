@@ -69,7 +69,8 @@ std::string Bed::NameOf(Widget w) const {
     if (!w)
         return "nothing";
     const std::string name = XtName(w);
-    for (const char *known : {"before", "subject", "after", "one", "two", "board", "holder"})
+    for (const char *known :
+         {"before", "subject", "after", "one", "two", "board", "holder", "gadget"})
         if (name == known)
             return name;
     return w == shell ? "shell" : "a part";

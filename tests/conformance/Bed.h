@@ -59,6 +59,8 @@ public:
     void Insensitive();
     void FocusLooks();
     void FocusCallbacks();
+    void FirstFocus();
+    void GadgetInside();
 
 protected:
     // Makes all of it, the subject with these settings beside its place and size.
@@ -80,6 +82,7 @@ protected:
     void NoteHelp(const std::vector<Widget> &helpers);
     void NoteSteps();
     void NoteClick();
+    void NoteGadget(Widget gadget);
 
     void Note(const std::string &name, const std::string &finding) { answer[name] = finding; }
     void Note(const std::string &name, const char *finding) { answer[name] = finding; }

@@ -33,6 +33,8 @@ const std::vector<Check> checks = {
     {"Insensitive", &Bed::Insensitive},
     {"FocusLooks", &Bed::FocusLooks},
     {"FocusCallbacks", &Bed::FocusCallbacks},
+    {"FirstFocus", &Bed::FirstFocus},
+    {"GadgetInside", &Bed::GadgetInside},
 };
 
 namespace {

@@ -2,7 +2,10 @@
 
 #include <tests/conformance/Bed.h>
 
+#include <corvidlmw/managers/Grid.h>
+
 #include <X11/keysym.h>
+#include <Xm/PushBG.h>
 
 namespace corvidlmw::test {
 
@@ -115,6 +118,63 @@ void Bed::Insensitive() {
     XtSetSensitive(subject, True);
     MoveTo(before, 2, 2);
     Note("looks as before", Look() == sensitive);
+}
+
+// ---- Children ------------------------------------------------------------------
+
+void Bed::FirstFocus() {
+    ShowTraversable();
+    Note("manager", XmIsManager(subject));
+    if (!XmIsManager(subject))
+        return;
+    Set(subject, {{XmNinitialFocus, reinterpret_cast<XtArgVal>(XtNameToWidget(subject, "two"))}});
+    Note("initial focus", NameOf(Get<Widget>(subject, XmNinitialFocus)));
+    XmProcessTraversal(subject, XmTRAVERSE_CURRENT);
+    Pump();
+    Note("by function", Focus());
+    XmProcessTraversal(before, XmTRAVERSE_CURRENT);
+    NoteSteps();
+}
+
+// A manager gives its gadgets their events.
+void Bed::NoteGadget(Widget gadget) {
+    CallbackLog<> log;
+    for (const char *list :
+         {XmNarmCallback, XmNactivateCallback, XmNdisarmCallback, XmNhelpCallback})
+        log.Add(gadget, list);
+    const auto note = [&](const char *when) {
+        std::string reasons;
+        for (int reason : log.reasons())
+            reasons += " " + std::to_string(reason);
+        Note(when, Focus() + reasons);
+        log.Clear();
+    };
+    Click(gadget, 8, 8);
+    note("1 clicked");
+    XmProcessTraversal(before, XmTRAVERSE_CURRENT);
+    XmProcessTraversal(gadget, XmTRAVERSE_CURRENT);
+    Pump();
+    note("2 traversed to");
+    Key(XK_space);
+    note("3 space");
+    Key(XK_F1);
+    note("4 help");
+    XtSetSensitive(gadget, False);
+    Pump();
+    note("5 insensitive");
+    Click(gadget, 8, 8);
+    note("6 clicked");
+}
+
+void Bed::GadgetInside() {
+    ShowTraversable();
+    Note("manager", XmIsManager(subject));
+    if (!XmIsManager(subject))
+        return;
+    if (XmIsGrid(subject))
+        Set(subject, {{XmNnumRows, 3}});
+    NoteGadget(XtVaCreateManagedWidget("gadget", xmPushButtonGadgetClass, subject, XmNx, 20, XmNy,
+                                       110, XmNrow, 2, XmNcolumn, 0, nullptr));
 }
 
 // ---- The focus -----------------------------------------------------------------

@@ -49,6 +49,19 @@ TEST_F(ReadOnlyInput, AGadgetIsActivatedByAClickUnlessTheGraphIsEditable) {
     EXPECT_EQ(clicks.back().widget, gadget);
 }
 
+TEST_F(ReadOnlyInput, AClientAddsKeysForGadgets) {
+    Show();
+    XmProcessTraversal(other, XmTRAVERSE_CURRENT);
+    XmProcessTraversal(gadget, XmTRAVERSE_CURRENT);
+    Pump();
+    ASSERT_EQ(XmGetFocusWidget(shell), gadget);
+    Key(XK_space);
+    EXPECT_TRUE(clicks.empty());
+    XtAugmentTranslations(graph, XtParseTranslationTable("<Key>space: ManagerGadgetSelect()"));
+    Key(XK_space);
+    EXPECT_EQ(clicks.reasons(), (std::vector<int>{XmCR_ARM, XmCR_ACTIVATE}));
+}
+
 TEST_F(ReadOnlyInput, AnArcIsArmedBetweenPressAndRelease) {
     Widget crossing = Arc(Node({170, 20, 20, 20}), Node({170, 200, 20, 20}));
     Show();
