@@ -178,12 +178,12 @@ CORVIDLMW_EXPORT Widget XmCreateAttachedArc(Widget parent, char *name, Widget fr
 /* ---- Geometry -------------------------------------------------------------------------------- */
 
 /* Stores the two end points of `arc`, in graph coordinates: (x1, y1) at XmNfrom, (x2, y2) at XmNto.
- * An arc without ends gives zeros. */
+ * An arc without ends, and what is no arc, gives zeros. */
 CORVIDLMW_EXPORT void XmArcGetPos(Widget arc, Position *x1, Position *y1, Position *x2,
                                   Position *y2);
 
 /* Returns the area of `arc` for picking, in graph coordinates; the caller destroys it with
- * XDestroyRegion. NULL for an arc without ends or being destroyed. */
+ * XDestroyRegion. NULL for an arc without ends or being destroyed, and for what is no arc. */
 CORVIDLMW_EXPORT Region XmArcGetRegion(Widget arc);
 
 #ifdef __cplusplus

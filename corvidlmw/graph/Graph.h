@@ -511,7 +511,8 @@ CORVIDLMW_EXPORT void XmGraphRemoveArcBetweenNodes(Widget graph, Widget from, Wi
 CORVIDLMW_EXPORT void XmGraphDestroyAllArcs(Widget graph);
 CORVIDLMW_EXPORT void XmGraphDestroyAllNodes(Widget graph);
 
-/* Destroys the selected nodes, with their arcs, and the selected arcs. */
+/* Destroys the selected nodes, with their arcs, and the selected arcs. A `graph` that is no XmGraph is left
+ * alone. */
 CORVIDLMW_EXPORT void XmGraphDestroySelectedArcsOrNodes(Widget graph);
 
 /* Manage nodes and arcs of one graph as XtManageChildren does, but with one layout for all of them.
@@ -535,6 +536,8 @@ CORVIDLMW_EXPORT Widget XmGraphInputOverArc(Widget graph, int x, int y);
 CORVIDLMW_EXPORT Boolean XmGraphIsPointInArc(Widget arc, int x, int y);
 
 /* ---- Size ------------------------------------------------------------------------------------------ */
+
+/* These leave a `graph` alone that is no XmGraph. */
 
 /* Moves all nodes, and the arcs with them, by (dx, dy) pixels. */
 CORVIDLMW_EXPORT void XmGraphMoveAll(Widget graph, int dx, int dy);

@@ -200,6 +200,8 @@ CORVIDLMW_EXPORT extern WidgetClass svScrollBarWidgetClass;
 CORVIDLMW_EXPORT Widget SvCreateScrollBar(Widget parent, char *name, ArgList args,
                                           Cardinal argcount);
 
+/* Called for a widget of another class, or NULL, the following do nothing. */
+
 /* Stores XmNvalue, XmNsliderSize, XmNincrement and XmNpageIncrement. A NULL pointer is left out. */
 CORVIDLMW_EXPORT void SvScrollBarGetValues(Widget w, int *value, int *slider_size, int *increment,
                                            int *page_increment);
