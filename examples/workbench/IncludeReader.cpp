@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 #include <Directory.h>
@@ -23,6 +24,13 @@ bool IsBuildDirectory(const std::vector<file_list::Entry> &entries) {
     return std::any_of(entries.begin(), entries.end(), [](const auto &entry) {
         return entry.name == "CMakeCache.txt" || entry.name == "config.status";
     });
+}
+
+// Of a directory, however it is written.
+std::string OwnName(const std::string &directory) {
+    std::error_code error;
+    const fs::path full = fs::absolute(directory, error) / "";
+    return full.lexically_normal().parent_path().filename().string();
 }
 
 std::string TextOf(const std::string &path) {
@@ -47,7 +55,7 @@ bool IncludeReader::Step() {
         return true;
     }
     if (!index_) {
-        index_.emplace(names_);
+        index_.emplace(names_, OwnName(document_.path));
     }
     if (num_read_ < static_cast<int>(names_.size())) {
         ReadFile(num_read_++);

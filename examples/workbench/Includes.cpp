@@ -94,7 +94,8 @@ SourceKind SourceKindOf(std::string_view name) {
                                                                            : SourceKind::None;
 }
 
-IncludeIndex::IncludeIndex(const std::vector<std::string> &names) : all_(names) {
+IncludeIndex::IncludeIndex(const std::vector<std::string> &names, std::string_view top)
+    : top_(std::string(top) + '/'), all_(names) {
     for (int i = 0; const std::string &name : names) {
         names_.emplace(name, i);
         by_last_.emplace(LastPart(name), i++);
@@ -114,6 +115,11 @@ std::optional<int> IncludeIndex::Find(const Include &include, std::string_view f
     }
     if (const auto from_top = find(include.name)) {
         return from_top;
+    }
+    if (include.name.starts_with(top_)) {
+        if (const auto from_above = find(include.name.substr(top_.size()))) {
+            return from_above;
+        }
     }
     std::optional<int> only;
     const auto [first, last] = by_last_.equal_range(LastPart(include.name));

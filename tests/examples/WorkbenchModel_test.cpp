@@ -203,17 +203,18 @@ TEST_F(WorkbenchModel, ReadsTheIncludeGraphOfAProject) {
     File("p/lib/y.h", "#include \"../x.h\"\n#include <x.h>\n#include <same.h>");
     File("p/lib/inner/deep.h", "");
     File("p/lib/same.h", "");
-    File("p/other/same.h", "");
+    File("p/other/same.h", "#include <p/lib/same.h>\n#include <p/none.h>");
     File("p/build/CMakeCache.txt", "");
     File("p/build/made.h", "");
     File("p/notes.txt", "#include \"x.h\"");
     const Document document = Got(Read(Source::Includes, top / "p"));
-    EXPECT_EQ(
-        Arcs(document.graph),
-        (std::multiset<std::string>{"main.cpp>x.h", "main.cpp>lib/y.h", "main.cpp>lib/inner/deep.h",
-                                    "x.h>lib/y.h", "x.h>main.cpp", "lib/y.h>x.h"}));
+    EXPECT_EQ(Arcs(document.graph),
+              (std::multiset<std::string>{
+                  "main.cpp>x.h", "main.cpp>lib/y.h", "main.cpp>lib/inner/deep.h", "x.h>lib/y.h",
+                  "x.h>main.cpp", "lib/y.h>x.h", "other/same.h>lib/same.h"}));
     EXPECT_EQ(document.ItemAt(NodeNamed(document.graph, "main.cpp")).note, "also vector");
     EXPECT_EQ(document.ItemAt(NodeNamed(document.graph, "lib/y.h")).note, "also same.h");
+    EXPECT_EQ(document.ItemAt(NodeNamed(document.graph, "other/same.h")).note, "also p/none.h");
     EXPECT_EQ(NodeNamed(document.graph, "build/made.h"), -1);
 }
 
