@@ -78,6 +78,19 @@ std::string Bed::NameOf(Widget w) const {
 
 namespace {
 
+// What gadgets share with others that look alike.
+void AddSecondaryResources(WidgetClass widget_class, std::map<std::string, XtResource> &resources) {
+    XmSecondaryResourceData *blocks = nullptr;
+    const Cardinal count = XmGetSecondaryResourceData(widget_class, &blocks);
+    for (Cardinal i = 0; i < count; i++) {
+        for (Cardinal j = 0; j < blocks[i]->num_resources; j++)
+            resources[blocks[i]->resources[j].resource_name] = blocks[i]->resources[j];
+        XtFree(reinterpret_cast<char *>(blocks[i]->resources));
+        XtFree(reinterpret_cast<char *>(blocks[i]));
+    }
+    XtFree(reinterpret_cast<char *>(blocks));
+}
+
 std::map<std::string, XtResource> ResourcesOf(WidgetClass widget_class) {
     XtInitializeWidgetClass(widget_class);
     XtResourceList list = nullptr;
@@ -87,6 +100,7 @@ std::map<std::string, XtResource> ResourcesOf(WidgetClass widget_class) {
     for (Cardinal i = 0; i < count; i++)
         resources[list[i].resource_name] = list[i];
     XtFree(reinterpret_cast<char *>(list));
+    AddSecondaryResources(widget_class, resources);
     return resources;
 }
 
