@@ -255,10 +255,12 @@ bool IsScrolled(Widget w) {
     return w && (XmIsScrolledWindow(w) || IsScrolled(XtParent(w)));
 }
 
-// The toolkit's scrolled window goes on with its layout after callbacks of what it holds. While an event is
-// handled, as mostly in a client, what is ended there stays until afterwards.
+// The toolkit's own functions go on with their widget after a callback, and its scrolled window with what it
+// holds. While an event is handled, as mostly in a client, what is ended there stays until afterwards.
 bool Kill(Told &told, Widget w) {
-    if (told.storm.IsInCallback() && !IsDispatching() && (IsScrolled(w) || HoldsScrolledWindow(w)))
+    const Storm &storm = told.storm;
+    if (storm.IsInCallback() && !IsDispatching() &&
+        (storm.IsInToolkit() || IsScrolled(w) || HoldsScrolledWindow(w)))
         return false;
     XtDestroyWidget(w);
     return true;

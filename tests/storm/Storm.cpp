@@ -2,9 +2,12 @@
 
 #include <tests/storm/Acts.h>
 
+#include <corvidlmw/gadget/IconG.h>
 #include <corvidlmw/graph/Graph.h>
 #include <corvidlmw/list/LmList.h>
 #include <corvidlmw/scrollbar/SvScrollBar.h>
+
+#include <set>
 
 namespace corvidlmw::storm {
 
@@ -33,6 +36,19 @@ void FreeItem(Widget w, XtPointer, XtPointer data) {
         XmStringFree(call->item);
 }
 
+// Whether a step is a function of the toolkit's, not of the library's.
+bool IsToolkits(const Step &step) {
+    static const std::set<std::string> verbs = {"call", "kill", "later", "inside",
+                                                "pump", "wait", "rest"};
+    return !verbs.contains(step.verb());
+}
+
+bool IsToolkits(Widget w) {
+    static const std::set<WidgetClass> classes = {xmGraphWidgetClass, lmListWidgetClass,
+                                                  svScrollBarWidgetClass, xmvIconGadgetClass};
+    return !classes.contains(XtClass(w));
+}
+
 } // namespace
 
 bool Storm::Do(const Step &step) {
@@ -40,8 +56,11 @@ bool Storm::Do(const Step &step) {
         return false;
     if (depth_ == 0)
         inner_steps_ = 0;
+    const bool toolkits = IsToolkits(step);
     depth_++;
+    toolkit_ += toolkits;
     const bool done = Act(*this, step);
+    toolkit_ -= toolkits;
     depth_--;
     return done;
 }
@@ -72,10 +91,14 @@ void Storm::OnCallback(Widget w, XtPointer closure, XtPointer call_data) {
     auto *waiting = static_cast<Waiting *>(closure);
     if (waiting->times-- <= 0)
         return;
+    Storm &storm = *waiting->storm;
     if (waiting->step.verb() != "refuse") {
-        ++waiting->storm->callbacks_;
-        waiting->storm->DoInner(waiting->step);
-        --waiting->storm->callbacks_;
+        const bool toolkits = IsToolkits(w);
+        storm.callbacks_++;
+        storm.toolkit_ += toolkits;
+        storm.DoInner(waiting->step);
+        storm.toolkit_ -= toolkits;
+        storm.callbacks_--;
     } else if (XmIsGraph(w) && call_data)
         static_cast<XmGraphCallbackStruct *>(call_data)->doit = False;
 }

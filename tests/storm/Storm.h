@@ -24,8 +24,9 @@ public:
     // `list` of the widget does the step the first `times` times that it is called.
     bool DoOnCallback(Widget w, const std::string &list, int times, Step step);
     void DoLater(unsigned long milliseconds, Step step);
-    // Whether a callback of a widget is at work.
+    // Whether a callback is at work, and the toolkit goes on after it with the widgets at hand.
     bool IsInCallback() const { return callbacks_ > 0; }
+    bool IsInToolkit() const { return toolkit_ > 0; }
     // Within the dispatch of an event.
     bool DoInside(const Step &step);
 
@@ -48,6 +49,7 @@ private:
     World world_;
     int depth_ = 0;
     int callbacks_ = 0;
+    int toolkit_ = 0;
     int inner_steps_ = 0;
     const Step *inside_ = nullptr;
 };
