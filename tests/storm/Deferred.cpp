@@ -160,6 +160,15 @@ int WaitingTimers() {
     return static_cast<int>(Timers().size());
 }
 
+std::string WaitingNames() {
+    std::string names;
+    for (const auto &[id, timer] : Timers())
+        names += NameOf("a timer", timer->act) + "\n";
+    for (const auto &[id, work] : Works())
+        names += NameOf("a work procedure", work->act) + "\n";
+    return names;
+}
+
 int WaitingWorkProcs() {
     return static_cast<int>(Works().size());
 }

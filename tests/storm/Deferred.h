@@ -11,6 +11,8 @@ namespace corvidlmw::storm {
 
 int WaitingTimers();
 int WaitingWorkProcs();
+// The procedures of both, for a message.
+std::string WaitingNames();
 
 // To be called once for a display, so that deaths of its widgets are known.
 void FollowLives(Display *display);

@@ -207,8 +207,8 @@ void CheckRest(World &world) {
         world.Key("Escape", false);
     }
     const bool at_rest = world.ComeToRest();
-    EXPECT_EQ(WaitingTimers(), 0) << "timers left";
-    EXPECT_EQ(WaitingWorkProcs(), 0) << "work procedures left";
+    EXPECT_EQ(WaitingTimers(), 0) << "timers left: " << WaitingNames();
+    EXPECT_EQ(WaitingWorkProcs(), 0) << "work procedures left: " << WaitingNames();
     EXPECT_TRUE(at_rest) << "there is no end of events";
     // A menu that was posted by key may be left, which is the toolkit's.
     EXPECT_STREQ(world.workbench ? "" : world.Grab(), "") << "a grab is left";
