@@ -274,7 +274,9 @@ bool World::RunUntilIdle(int most) {
     return idle_;
 }
 
+// What ends a drag that has grabbed the server may still wait to be sent.
 void World::Pump() {
+    XFlush(display);
     for (int trip = 0; trip < 2; trip++) {
         XSync(Robot(), False);
         test::interpose::SyncUnseen(display);
