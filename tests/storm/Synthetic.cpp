@@ -90,7 +90,14 @@ XEvent EventOf(const Lie &lie, Display *display) {
     return event;
 }
 
+// One that begins with an event that never was hears of no end to its gesture.
+void CancelDrag(Widget display_object, Display *display) {
+    if (Widget drag = XmGetDragContext(display_object, XtLastTimestampProcessed(display)))
+        XmDragCancel(drag);
+}
+
 bool CallAction(const Lie &lie, XEvent &event) {
+    Display *display = XtDisplayOfObject(lie.w);
     if (lie.step.words.size() <= action)
         return false;
     std::vector<std::string> texts;
@@ -101,6 +108,7 @@ bool CallAction(const Lie &lie, XEvent &event) {
         params.push_back(text.data());
     XtCallActionProc(lie.w, lie.step.words[action].c_str(), &event, params.data(),
                      static_cast<Cardinal>(params.size()));
+    CancelDrag(XmGetXmDisplay(display), display);
     return true;
 }
 
