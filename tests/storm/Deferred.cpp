@@ -194,7 +194,7 @@ XtIntervalId XtAppAddTimeOut(XtAppContext app, unsigned long interval, XtTimerCa
     if (!corvidlmw::test::interpose::IsLibrary(__builtin_return_address(0)))
         return next(app, interval, act, closure);
     auto timer = std::make_unique<Timer>(Timer{act, closure});
-    timer->id = next(app, interval / 50, RunTimer, timer.get());
+    timer->id = next(app, std::min(interval / 50, 20UL), RunTimer, timer.get());
     const XtIntervalId id = timer->id;
     Timers()[id] = std::move(timer);
     return id;

@@ -1,5 +1,6 @@
 // What waits for its turn: timers, work procedures and callbacks of the library under test. The program stands
-// between the toolkit and its clients to know. Timers run fifty times as fast as they were asked for.
+// between the toolkit and its clients to know. Timers run fifty times as fast as they were asked for,
+// and after a second of theirs at the latest: a client may ask for weeks.
 #pragma once
 
 #include <X11/Intrinsic.h>
