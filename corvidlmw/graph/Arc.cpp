@@ -519,7 +519,7 @@ static void LiftVeil(Widget, XtPointer client_data, XtPointer call_data) {
 static void SetArcWindows(Widget w, Window window) {
     for (Widget arc : Arcs(w)) {
         arc->core.mapped_when_managed = False;
-        arc->core.window = XtIsManaged(arc) ? window : None;
+        arc->core.window = IsManaged(arc) ? window : None;
     }
 }
 

@@ -422,6 +422,7 @@ void DrawArcsInRegion(Widget graph, Region region, const BoxIndex &painted) {
     }
     XRectangle box;
     XClipBox(region, &box);
+    const RankWalk walk(graph);
     ClippedArcs clipped({XtDisplay(graph), XtWindow(graph)}, region);
     for (Widget arc_widget :
          Touching(painted, Arcs(graph), {box.x, box.y, box.width, box.height})) {

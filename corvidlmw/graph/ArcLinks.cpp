@@ -34,6 +34,7 @@ Vector<Widget> ArcsBehind(Widget arc) {
 
 void LeaveSiblingList(XmArcPart &part, Widget arc) {
     XmGraphNodeList *list = part.siblings;
+    StateOf(XtParent(arc)).known_ranks.erase(list);
     if (list->count == 2) {
         for (Widget sibling : Widgets(*list)) {
             ArcOf(sibling).siblings = nullptr;
@@ -44,6 +45,16 @@ void LeaveSiblingList(XmArcPart &part, Widget arc) {
         _XmGraphNodeListRemove(list, arc);
     }
     part.siblings = nullptr;
+}
+
+// Counts on from a place in the list. False at its end.
+bool CountTo(Widget arc, std::span<const Widget> siblings, KnownRank &place) {
+    auto [at, rank] = place;
+    for (; at < siblings.size() && siblings[at] != arc; at++) {
+        rank += IsBeingDestroyed(siblings[at]) ? 0 : 1;
+    }
+    place = {at, rank};
+    return at < siblings.size();
 }
 
 // ---- Nodes' lists -----------------------------------------------------------------------------------------------
@@ -201,6 +212,7 @@ void LeaveSiblings(Widget graph, Widget arc, bool redraw) {
         }
     }
     LeaveSiblingList(part, arc);
+    const RankWalk walk(graph);
     for (Widget sibling : behind) {
         DrawArc(sibling);
     }
@@ -351,14 +363,15 @@ int _sibling_rank(Widget arc) {
     if (!part.siblings || GraphOf(XtParent(arc)).twins_visible != True) {
         return 0;
     }
-    int rank = 0;
-    for (Widget sibling : Widgets(*part.siblings)) {
-        if (sibling == arc) {
-            break;
-        }
-        rank += IsBeingDestroyed(sibling) ? 0 : 1;
+    const auto siblings = Widgets(*part.siblings);
+    auto &state = StateOf(XtParent(arc));
+    KnownRank first;
+    KnownRank &place = state.rank_walks > 0 ? state.known_ranks[part.siblings] : first;
+    if (!CountTo(arc, siblings, place)) {
+        place = {};
+        CountTo(arc, siblings, place);
     }
-    return rank;
+    return place.rank;
 }
 
 } // extern "C"

@@ -40,6 +40,12 @@ inline NodePtr NodeOf(Widget child) {
     return child->core.constraints ? ConstraintOf(child).node : nullptr;
 }
 
+// Of a child. The toolkit's own question looks for the application context each time, which passes over
+// thousands of children have no time for.
+inline bool IsManaged(Widget child) {
+    return child->core.managed != False;
+}
+
 // The record of any widget at all: zero unless it is a living node of `graph`. The super-root is none.
 NodePtr NodeIn(Widget graph, Widget w);
 
@@ -152,6 +158,13 @@ struct PaintIndex {
     Vector<Widget> dragged;           // moved in a drag, and not in the boxes yet
 };
 
+// The rank of the arc at a place in a list of siblings.
+struct KnownRank {
+    std::size_t at = 0;
+    int rank = 0;
+};
+using KnownRanks = UnorderedMap<const XmGraphNodeList *, KnownRank>;
+
 // What a gesture draws over the graph while it runs.
 struct Figure {
     enum class Kind { Nothing, Line, Box } kind = Kind::Nothing;
@@ -186,6 +199,8 @@ struct GraphState {
     // What stands in `selected_nodes` and `selected_arcs`.
     UnorderedSet<const void *> selected;
     SharedFonts fonts;
+    int rank_walks = 0;
+    KnownRanks known_ranks; // of the last arc in each list that a RankWalk asked for
     PaintIndex painted;
     Figure figure;
     int figure_lifts = 0;               // how often it was taken away for a drawing
@@ -276,6 +291,23 @@ constexpr unsigned long doomed_serial = ~0UL;
 inline bool IsDoomed(Widget arc) {
     return SerialOf(arc) == doomed_serial;
 }
+
+// While one lives, the rank of an arc is counted on from the one of its list that was asked for before, not
+// from the first: thousands of parallel arcs are drawn in one pass. Nothing may begin to die meanwhile.
+class RankWalk {
+public:
+    explicit RankWalk(Widget graph) : state_(StateOf(graph)) { state_.rank_walks += 1; }
+    ~RankWalk() {
+        if (--state_.rank_walks == 0 && !state_.known_ranks.empty()) {
+            state_.known_ranks = {};
+        }
+    }
+    RankWalk(const RankWalk &) = delete;
+    RankWalk &operator=(const RankWalk &) = delete;
+
+private:
+    GraphState &state_;
+};
 
 // ---- Graph.cpp ----------------------------------------------------------------------------------------
 

@@ -323,7 +323,8 @@ void EraseArcsTo(const Vector<NodePtr> &nodes) {
     }
 }
 
-void DrawArcsTo(const Vector<NodePtr> &nodes) {
+void DrawArcsTo(Widget w, const Vector<NodePtr> &nodes) {
+    const RankWalk walk(w);
     for (NodePtr node : nodes) {
         for (Widget arc : Widgets(node->to_arcs)) {
             DrawArc(arc);
@@ -525,7 +526,7 @@ void XmGraphRelaySubgraph(Widget w, Widget widget) {
     }
     SetMapped(node, true);
     ForgetNodeIndex(w);
-    DrawArcsTo(nodes);
+    DrawArcsTo(w, nodes);
     std::fill_n(subgraph_nodes.items, subgraph_nodes.count, nullptr);
     subgraph_nodes.count = 0;
     _XmGraphAdjustSize(w);

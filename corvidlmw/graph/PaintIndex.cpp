@@ -182,6 +182,7 @@ const BoxIndex &NodeIndexOf(Widget w) {
 
 const PaintIndex &PaintIndexOf(Widget w) {
     NodeIndexOf(w);
+    const RankWalk walk(w);
     const auto &painted = StateOf(w).painted;
     if (painted.arcs_known && painted.arcs.size() == Arcs(w).size()) {
         MeasureWhatMoved(w);

@@ -157,6 +157,7 @@ bool UpdateGCs(Widget current, Widget new_w) {
 
 // With `redraw` set the whole window is repainted anyway, so that no arc is drawn by itself.
 bool UpdateCrossingArcs(Widget w, bool redraw) {
+    const RankWalk walk(w);
     for (Widget arc : Arcs(w)) {
         if (!XtIsManaged(arc)) {
             continue;
@@ -409,6 +410,7 @@ void GraphRedisplay(Widget w, XEvent *event, Region region) {
     }
     if (HasWindow(w)) {
         XClearWindow(XtDisplay(w), XtWindow(w));
+        const RankWalk walk(w);
         for (Widget arc : Arcs(w)) {
             if (ArcIsInView(w, arc)) {
                 DrawArc(arc);

@@ -31,6 +31,14 @@ void InsertArc(Widget w, Widget arc) {
     }
 }
 
+void InsertArcs(Widget w, const Vector<Widget> &arcs) {
+    const RankWalk walk(w);
+    for (Widget arc : arcs) {
+        _XmHighlightArc(arc);
+        InsertArc(w, arc);
+    }
+}
+
 void Clear(XmGraphNodeList &list) {
     std::fill_n(list.items, list.count, nullptr);
     list.count = 0;
@@ -255,6 +263,7 @@ void DeselectAllArcs(Widget w) {
     if (watch.Died()) {
         return;
     }
+    const RankWalk walk(w);
     for (Widget arc : Widgets(selected)) {
         _XmUnhighlightArc(arc);
         StateOf(w).selected.erase(arc);
@@ -334,10 +343,7 @@ void XmGraphSelectArcs(Widget w, WidgetList arcs, int count, Boolean notify) {
         return;
     }
     const Vector<Widget> picked = Pick(w, arcs, count, ArcIn);
-    for (Widget arc : picked) {
-        _XmHighlightArc(arc);
-        InsertArc(w, arc);
-    }
+    InsertArcs(w, picked);
     if (notify && !picked.empty()) {
         Tell(w, XmNselectArcCallback, XmCR_SELECT_ARCS, picked.front());
     }
@@ -400,6 +406,10 @@ void XmGraphUnselectArcs(Widget w, WidgetList arcs, int count, Boolean notify) {
     if (notify) {
         Tell(w, XmNdeselectCallback, XmCR_DESELECT, first);
     }
+    if (going.Died()) {
+        return;
+    }
+    const RankWalk walk(w);
     for (Widget arc : going) {
         if (arc) {
             _XmUnhighlightArc(arc);

@@ -225,7 +225,7 @@ void AdjustAfterLayout(Widget, XtPointer client_data, XEvent *event, Boolean *) 
 bool ManagedNodesChanged(Widget w) {
     std::size_t digest = 0;
     for (Widget child : Children(w)) {
-        if (NodeOf(child) && XtIsManaged(child)) {
+        if (NodeOf(child) && IsManaged(child)) {
             digest += std::hash<Widget>()(child) * 31 + 1;
         }
     }
@@ -491,6 +491,7 @@ void XmGraphMoveAll(Widget w, int dx, int dy) {
         }
     }
     ForgetNodeIndex(w);
+    const RankWalk walk(w);
     for (Widget arc : Arcs(w)) {
         DrawArc(arc);
     }

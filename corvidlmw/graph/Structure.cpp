@@ -232,6 +232,7 @@ void MoveNode(Widget w, Widget widget, Position x, Position y) {
     _XmMoveObject(widget, x, y);
     NoteDragged(w, widget);
     if (managed) {
+        const RankWalk walk(w);
         DrawArcsOf(node);
     }
 }

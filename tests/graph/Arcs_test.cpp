@@ -35,6 +35,12 @@ protected:
             ranks.push_back(_sibling_rank(arc));
         return ranks;
     }
+    static std::vector<int> DrawnRanksOf(const Widgets &arcs) {
+        std::vector<int> ranks;
+        for (Widget arc : arcs)
+            ranks.push_back(ArcPartOf(arc).sibling_rank);
+        return ranks;
+    }
 };
 
 using Ranks = std::vector<int>;
@@ -64,6 +70,27 @@ TEST_F(ArcsTest, ADyingTwinCountsForNoRank) {
         EXPECT_EQ(RanksOf({all[1], all[2]}), (Ranks{0, 1}));
     });
     EXPECT_EQ(SiblingsOf(all[2]), (Widgets{all[1], all[2]}));
+}
+
+// The arcs of three lists of siblings take turns in the order of drawing.
+TEST_F(ArcsTest, EachRepaintGivesEveryTwinItsOwnRank) {
+    Widgets all;
+    for (int i = 0; i < 4; i++)
+        all.insert(all.end(), {Arc(a, b), Arc(b, c), Arc(c, c)});
+    Show();
+    const Ranks in_order = {0, 0, 0, 1, 1, 1, 2, 2, 2, 3, 3, 3};
+    EXPECT_EQ(DrawnRanksOf(all), in_order);
+    XmGraphMoveNode(graph, c, 220, 220);
+    EXPECT_EQ(DrawnRanksOf(all), in_order);
+    XmGraphSelectArcs(graph, Widgets(all.rbegin(), all.rend()).data(), 12, False);
+    EXPECT_EQ(DrawnRanksOf(all), in_order);
+    InDispatch([&] {
+        XtDestroyWidget(all[0]);
+        XtDestroyWidget(all[5]);
+        XmGraphMoveAll(graph, 5, 5);
+        EXPECT_EQ(DrawnRanksOf(all), (Ranks{0, 0, 0, 0, 1, 1, 1, 2, 1, 2, 3, 2}));
+    });
+    EXPECT_EQ(DrawnRanksOf(ArcsOf(graph)), (Ranks{0, 0, 0, 1, 1, 2, 1, 2, 3, 2}));
 }
 
 TEST_F(ArcsTest, AnArcWithoutBothEndsIsDetached) {
