@@ -43,10 +43,10 @@ bool IsToolkits(const Step &step) {
     return !verbs.contains(step.verb());
 }
 
-bool IsToolkits(Widget w) {
+bool IsToolkits(WidgetClass widget_class) {
     static const std::set<WidgetClass> classes = {xmGraphWidgetClass, lmListWidgetClass,
                                                   svScrollBarWidgetClass, xmvIconGadgetClass};
-    return !classes.contains(XtClass(w));
+    return !classes.contains(widget_class);
 }
 
 } // namespace
@@ -81,25 +81,26 @@ bool Storm::DoOnCallback(Widget w, const std::string &list, int times, Step step
         XtAddCallback(w, list.c_str(), FreeItem, nullptr);
     if (step.verb() == "kill" && IsInTheMidst(list))
         step.words.insert(step.words.begin(), {"later", "0"});
-    waiting_.push_back(std::make_unique<Waiting>(Waiting{this, std::move(step), times}));
+    waiting_.push_back(
+        std::make_unique<Waiting>(Waiting{this, std::move(step), times, XtClass(w)}));
     XtAddCallback(w, list.c_str(), OnCallback, waiting_.back().get());
     return true;
 }
 
 // "refuse" is no step of its own: it answers the call.
-void Storm::OnCallback(Widget w, XtPointer closure, XtPointer call_data) {
+void Storm::OnCallback(Widget, XtPointer closure, XtPointer call_data) {
     auto *waiting = static_cast<Waiting *>(closure);
     if (waiting->times-- <= 0)
         return;
     Storm &storm = *waiting->storm;
     if (waiting->step.verb() != "refuse") {
-        const bool toolkits = IsToolkits(w);
+        const bool toolkits = IsToolkits(waiting->of);
         storm.callbacks_++;
         storm.toolkit_ += toolkits;
         storm.DoInner(waiting->step);
         storm.toolkit_ -= toolkits;
         storm.callbacks_--;
-    } else if (XmIsGraph(w) && call_data)
+    } else if (waiting->of == xmGraphWidgetClass && call_data)
         static_cast<XmGraphCallbackStruct *>(call_data)->doit = False;
 }
 

@@ -35,6 +35,7 @@ private:
         Storm *storm;
         Step step;
         int times;
+        WidgetClass of = nullptr; // its widget may be gone when it is called
     };
 
     static void OnCallback(Widget, XtPointer waiting, XtPointer call_data);
