@@ -129,6 +129,7 @@ constexpr std::string_view known_warnings[] = {
     "suid-root program",
     // Text that is not UTF-8, handed to other clients.
     "XmbTextListToTextProperty failed",
+    "Cannot convert XmString to Compound Text",
     // An action whose parameter names another one.
     "No action proc named",
     // The toolkit's classes.
