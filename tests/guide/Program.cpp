@@ -8,9 +8,11 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
@@ -111,7 +113,10 @@ Program::Program(const std::string &directory, const Words &command, const Words
     input::Reset();
     time_ = Now();
     Start(directory, command, environment);
-    AwaitWindow();
+    if (process_ < 0)
+        ADD_FAILURE() << "no terminal for the program: " << std::strerror(errno);
+    else
+        AwaitWindow();
 }
 
 // A terminal, so that each line comes when it is written, and as it is.
