@@ -8,6 +8,7 @@
 #include <tests/support/Harness.h>
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,6 +32,10 @@ struct Pair {
 };
 
 extern const std::vector<Pair> pairs;
+
+inline void PrintTo(const Pair &pair, std::ostream *out) {
+    *out << pair.name;
+}
 
 // A bulletin board with a push button `before`, the subject, and a push button `after` it.
 class Bed : public DisplayTest {

@@ -80,7 +80,9 @@ protected:
             [&] { Key(XK_Down); },
             [&] { Key(XK_space); },
             [&] { Key(XK_Return); },
-            [&] { XtVaSetValues(w, XmNwidth, 120, XmNheight, 90, nullptr); },
+            [&] {
+                InDispatch(end_, [w] { XtVaSetValues(w, XmNwidth, 120, XmNheight, 90, nullptr); });
+            },
             [&] { MoveTo(canvas, 12, 12); },
             [&] { Press(last_button); },
             [&] { MoveTo(canvas, 40, 60); },

@@ -165,25 +165,6 @@ protected:
     Widget UnmanagedArc(Widget from, Widget to) {
         return XmCreateAttachedArc(graph, Name("arc"), from, to, nullptr, 0);
     }
-
-    // Runs `act` inside of the dispatch of an event, where the toolkit puts off all destruction until
-    // the dispatch ends; may be nested. The shell is shown.
-    void InDispatch(std::function<void()> act) {
-        auto run = [](Widget, XtPointer closure, XEvent *event, Boolean *) {
-            auto *once = static_cast<std::function<void()> *>(closure);
-            if (auto todo = event->type == ClientMessage ? std::exchange(*once, {}) : nullptr)
-                todo();
-        };
-        XtAddEventHandler(shell, NoEventMask, True, run, &act);
-        XEvent event{};
-        event.xclient.type = ClientMessage;
-        event.xclient.display = display;
-        event.xclient.window = XtWindow(shell);
-        event.xclient.format = 32;
-        XtDispatchEvent(&event);
-        if (shell)
-            XtRemoveEventHandler(shell, NoEventMask, True, run, &act);
-    }
 };
 
 // A graph in known colours, whose nodes stand where the test puts them.

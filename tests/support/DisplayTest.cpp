@@ -26,6 +26,13 @@ void InitialiseToolkitOnce() {
     }();
 }
 
+void RunOnce(Widget w, XtPointer act, XEvent *event, Boolean *) {
+    if (event->type != ClientMessage)
+        return;
+    XtRemoveEventHandler(w, NoEventMask, True, RunOnce, act);
+    (*static_cast<std::function<void()> *>(act))();
+}
+
 bool HasComeUp(Widget widget) {
     Display *robot = XServer::Instance().robot();
     XWindowAttributes attributes;
@@ -204,6 +211,17 @@ bool DisplayTest::PumpUntil(const std::function<bool()> &predicate,
 
 void DisplayTest::RunWorkProcs() {
     RunAllDue(app, display);
+}
+
+void DisplayTest::InDispatch(Widget any_shell, const std::function<void()> &act) {
+    XtAddEventHandler(any_shell, NoEventMask, True, RunOnce,
+                      const_cast<std::function<void()> *>(&act));
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.display = XtDisplay(any_shell);
+    event.xclient.window = XtWindow(any_shell);
+    event.xclient.format = 32;
+    XtDispatchEvent(&event);
 }
 
 // ---- Input ---------------------------------------------------------------------

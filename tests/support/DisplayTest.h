@@ -70,6 +70,10 @@ protected:
     bool PumpUntil(const std::function<bool()> &predicate,
                    std::chrono::milliseconds timeout = std::chrono::seconds(10));
     void RunWorkProcs();
+    // Runs `act` inside of the dispatch of an event, where the toolkit puts off all destruction until
+    // the dispatch ends; may be nested. The shell is shown.
+    void InDispatch(const std::function<void()> &act) { InDispatch(shell, act); }
+    static void InDispatch(Widget any_shell, const std::function<void()> &act);
 
     // Real input, through the server. Coordinates are the widget's (or gadget's) own. Each call is
     // followed by a pump, unless a HoldEvents is in scope.
