@@ -55,7 +55,7 @@ void PaintKind(Painter &painter, Kind kind) {
 
 Pictures::~Pictures() {
     for (const auto &[key, pixmap] : pixmaps_) {
-        XFreePixmap(XtDisplay(widget_), pixmap);
+        XFreePixmap(display_, pixmap);
     }
 }
 

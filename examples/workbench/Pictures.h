@@ -17,7 +17,8 @@ struct PictureFormat {
 
 class Pictures {
 public:
-    Pictures(Widget w, PictureFormat format) : widget_(w), format_(format) {}
+    Pictures(Widget w, PictureFormat format)
+        : widget_(w), display_(XtDisplay(w)), format_(format) {}
     ~Pictures();
     Pictures(const Pictures &) = delete;
     Pictures &operator=(const Pictures &) = delete;
@@ -27,6 +28,7 @@ public:
 
 private:
     Widget widget_;
+    Display *display_; // the pictures may outlive the widget
     PictureFormat format_;
     std::map<std::tuple<Kind, Pixel, bool>, Pixmap> pixmaps_;
 };
