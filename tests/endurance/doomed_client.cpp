@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 
 namespace corvidlmw::test {
@@ -38,6 +39,22 @@ void LetGoOfEverything() {
         XTestFakeButtonEvent(robot, button, False, CurrentTime);
     for (const KeySym key : {XK_Shift_L, XK_Control_L, XK_Alt_L})
         XTestFakeKeyEvent(robot, XKeysymToKeycode(robot, key), False, CurrentTime);
+    XSync(robot, False);
+}
+
+// Who dies in the middle of a copy leaves a clipboard on the root window that ends the next client of the toolkit.
+void EmptyClipboard() {
+    Display *robot = XServer::Instance().robot();
+    const Window root = DefaultRootWindow(robot);
+    int count = 0;
+    Atom *properties = XListProperties(robot, root, &count);
+    for (int i = 0; i < count; i++) {
+        char *name = XGetAtomName(robot, properties[i]);
+        if (std::string_view(name).starts_with("_MOTIF_CLIP_"))
+            XDeleteProperty(robot, root, properties[i]);
+        XFree(name);
+    }
+    XFree(properties);
     XSync(robot, False);
 }
 
@@ -67,6 +84,7 @@ void WaitForAWord() {
 }
 
 int LiveAgain(const Life &life) {
+    EmptyClipboard();
     auto *next = new Doomed(Client());
     next->Live(life);
     std::puts("lived again");
@@ -75,6 +93,7 @@ int LiveAgain(const Life &life) {
 
 int Run(const std::string &display_name, const Life &life, const std::string &handling) {
     LetGoOfEverything();
+    EmptyClipboard();
     auto *doomed = new Doomed(Client(display_name));
     Handle(handling, doomed->display);
     if (setjmp(where_to_go_on) != 0)
