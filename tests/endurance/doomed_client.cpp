@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <csetjmp>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -111,6 +112,8 @@ int main(int count, char **words) {
     using namespace corvidlmw::test;
     if (count != 4)
         return EXIT_FAILURE;
+    // Else a write to what is closed would end it before the toolkit hears of it.
+    std::signal(SIGPIPE, SIG_IGN);
     const auto life = std::find_if(lives.begin(), lives.end(), [&](const Life &each) {
         return each.name == std::string(words[2]);
     });
