@@ -159,7 +159,7 @@ bool UpdateGCs(Widget current, Widget new_w) {
 bool UpdateCrossingArcs(Widget w, bool redraw) {
     const RankWalk walk(w);
     for (Widget arc : Arcs(w)) {
-        if (!XtIsManaged(arc)) {
+        if (!IsManaged(arc)) {
             continue;
         }
         if (!ArcIsInView(w, arc)) {
